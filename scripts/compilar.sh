@@ -1,0 +1,8 @@
+#!/usr/bin/env bash
+# Configures and builds into build/ (or the folder in ESCRIBANO_BUILD) with Ninja.
+set -euo pipefail
+raiz="$(cd "$(dirname "$0")/.." && pwd)"
+build="${ESCRIBANO_BUILD:-$raiz/build}"
+tipo="${ESCRIBANO_TIPO:-RelWithDebInfo}"
+cmake -S "$raiz" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE="$tipo" >/dev/null
+cmake --build "$build"

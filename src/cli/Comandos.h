@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QStringList>
+#include <QTextStream>
+
+// Headless runs of the program: each command reads its options, works on the
+// installation under --ruta and answers with an exit code.
+namespace cli {
+
+constexpr int kSalidaBien = 0;
+constexpr int kSalidaUso = 1;
+constexpr int kSalidaFatal = 2;
+
+struct Argumentos {
+  QString comando;
+  QStringList opciones; // what follows the command
+  QString ruta;         // --ruta, the program's folder
+};
+
+// Splits "--ruta DIR comando ..."; false with a message for a command line of no known form.
+bool Analizar(const QStringList &args, Argumentos &salida, QString &error);
+
+// The value of "--nombre valor" among the options; empty when absent.
+QString Opcion(const QStringList &opciones, const QString &nombre);
+bool Bandera(const QStringList &opciones, const QString &nombre);
+
+int Demo(const Argumentos &a, QTextStream &out);
+int Resumen(const Argumentos &a, QTextStream &out);
+
+int Ejecutar(const QStringList &args, const QString &rutaEjecutable, QTextStream &out,
+             QTextStream &err);
+
+} // namespace cli

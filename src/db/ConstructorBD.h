@@ -1,0 +1,23 @@
+#pragma once
+
+#include "db/Esquema.h"
+
+#include <QStringList>
+
+class Conexion;
+
+// The database builder: DDL of the family's tables for each engine.
+namespace constructor {
+
+// CREATE TABLE and CREATE INDEX statements for the engine (3, 4 or 5; the general
+// and reference databases, engine 0, are built as SQLite files).
+QStringList SentenciasDDL(const std::vector<esquema::Tabla> &tablas, int motor);
+// The same without the indexes, for one table.
+QString CrearTabla(const esquema::Tabla &tabla, int motor);
+
+// Creates the tables on an open connection, one statement at a time.
+void CrearTablas(Conexion &con, const std::vector<esquema::Tabla> &tablas);
+// Drops the tables that exist (used to rebuild a test database on a server).
+void BorrarTablas(Conexion &con, const std::vector<esquema::Tabla> &tablas);
+
+} // namespace constructor

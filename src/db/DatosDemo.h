@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QDate>
+
+class Conexion;
+
+// Rows of the demo company: catalogues of the family (modules, operations and their
+// data, chart of rubros, journal types, taxes, bank accounts), posting rules, and one
+// month of documents of a small restaurant and shop. Works on any engine; every
+// statement goes through the connection as text, dates through FechaSQL.
+namespace demo {
+
+// Catalogues and rules. Needs the company's tables, empty.
+void LlenarCatalogos(Conexion &con);
+// Documents of the month that starts at `mes` (the first day of a month).
+void LlenarDocumentos(Conexion &con, const QDate &mes);
+
+} // namespace demo

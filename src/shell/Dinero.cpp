@@ -1,0 +1,137 @@
+#include "shell/Dinero.h"
+
+#include "shell/ErrorFatal.h"
+
+#include <QLocale>
+#include <cstdlib>
+
+namespace {
+
+// Divides by a power of ten, rounding half to even.
+std::int64_t DividirParEven(std::int64_t v, std::int64_t divisor) {
+  std::int64_t q = v / divisor;
+  std::int64_t r = v % divisor;
+  std::int64_t doble = 2 * std::llabs(r);
+  if (doble > divisor || (doble == divisor && (q % 2 != 0)))
+    q += (v < 0) ? -1 : 1;
+  return q;
+}
+
+// Divides by a power of ten, rounding half away from zero.
+std::int64_t DividirLejosDeCero(std::int64_t v, std::int64_t divisor) {
+  std::int64_t q = v / divisor;
+  std::int64_t r = v % divisor;
+  if (2 * std::llabs(r) >= divisor)
+    q += (v < 0) ? -1 : 1;
+  return q;
+}
+
+QString ConMiles(QString enteros) {
+  for (qsizetype i = enteros.size() - 3; i > 0; i -= 3)
+    enteros.insert(i, QLatin1Char(','));
+  return enteros;
+}
+
+} // namespace
+
+Dinero Dinero::DeTexto(QStringView texto, bool *ok) {
+  QStringView t = texto.trimmed();
+  bool negativo = false;
+  if (!t.isEmpty() && (t.front() == u'-' || t.front() == u'+')) {
+    negativo = t.front() == u'-';
+    t = t.mid(1);
+  }
+  std::int64_t enteros = 0;
+  std::int64_t fraccion = 0; // in units of 10^-4
+  int decimales = 0;
+  bool digitos = false;
+  bool punto = false;
+  int masAlla = -1;         // first digit beyond the fourth decimal
+  bool restoNoCero = false; // any non-zero digit after that one
+  for (QChar c : t) {
+    if (c == u'.') {
+      if (punto) {
+        if (ok)
+          *ok = false;
+        return {};
+      }
+      punto = true;
+      continue;
+    }
+    if (!c.isDigit()) {
+      if (ok)
+        *ok = false;
+      return {};
+    }
+    digitos = true;
+    int d = c.digitValue();
+    if (!punto) {
+      enteros = enteros * 10 + d;
+    } else if (decimales < 4) {
+      fraccion = fraccion * 10 + d;
+      ++decimales;
+    } else if (masAlla < 0) {
+      masAlla = d;
+    } else if (d != 0) {
+      restoNoCero = true;
+    }
+  }
+  if (!digitos) {
+    if (ok)
+      *ok = false;
+    return {};
+  }
+  for (int i = decimales; i < 4; ++i)
+    fraccion *= 10;
+  std::int64_t v = enteros * 10000 + fraccion;
+  if (masAlla > 5 || (masAlla == 5 && (restoNoCero || (v % 2 != 0))))
+    ++v;
+  if (ok)
+    *ok = true;
+  return DeDiezmilesimos(negativo ? -v : v);
+}
+
+Dinero Dinero::DeDouble(double valor) {
+  bool ok = false;
+  Dinero d = DeTexto(QString::number(valor, 'f', QLocale::FloatingPointShortest), &ok);
+  if (!ok)
+    throw ErrorFatal(QStringLiteral("El valor %1 no es una cantidad válida.").arg(valor));
+  return d;
+}
+
+QString Dinero::Texto() const {
+  std::int64_t a = std::llabs(v_);
+  QString s = QString::number(a / 10000);
+  std::int64_t f = a % 10000;
+  if (f != 0) {
+    QString dec = QStringLiteral("%1").arg(f, 4, 10, QLatin1Char('0'));
+    while (dec.endsWith(QLatin1Char('0')))
+      dec.chop(1);
+    s += QLatin1Char('.') + dec;
+  }
+  return v_ < 0 ? QLatin1Char('-') + s : s;
+}
+
+QString Dinero::Formato(QStringView mascara) const {
+  std::int64_t centavos = DividirLejosDeCero(v_, 100);
+  std::int64_t a = std::llabs(centavos);
+  QString enteros = QString::number(a / 100);
+  if (mascara.contains(u','))
+    enteros = ConMiles(enteros);
+  QString s = enteros + QStringLiteral(".%1").arg(a % 100, 2, 10, QLatin1Char('0'));
+  return centavos < 0 ? QLatin1Char('-') + s : s;
+}
+
+Dinero Dinero::operator*(Dinero o) const {
+  __int128 p = static_cast<__int128>(v_) * o.v_;
+  __int128 q = p / 10000;
+  __int128 r = p % 10000;
+  __int128 doble = 2 * (r < 0 ? -r : r);
+  if (doble > 10000 || (doble == 10000 && (q % 2 != 0)))
+    q += (p < 0) ? -1 : 1;
+  return DeDiezmilesimos(static_cast<std::int64_t>(q));
+}
+
+Dinero Round2(Dinero d) {
+  return Dinero::DeDiezmilesimos(DividirParEven(d.Diezmilesimos(), 100) * 100);
+}

@@ -1,0 +1,333 @@
+#include "shell/ServicioConexion.h"
+
+#include "shell/ErrorFatal.h"
+#include "shell/Rutas.h"
+#include "shell/ServicioUtil.h"
+#include "shell/Sesion.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+#include <QSqlDatabase>
+#include <QSqlDriver>
+#include <QSqlError>
+#include <QSqlRecord>
+#include <atomic>
+
+namespace {
+Grabadora *gGrabadora = nullptr;
+std::atomic<int> gSiguienteNombre{0};
+
+QString TextoError(const QSqlError &e) {
+  QString t = e.text().trimmed();
+  return t.isEmpty() ? QStringLiteral("error desconocido") : t;
+}
+
+// Value of a key in a "Clave=valor; Clave=valor" text, trimmed; case-insensitive keys.
+QString ParteConexion(const QString &conexion, const QString &clave) {
+  const QStringList partes = conexion.split(QLatin1Char(';'));
+  for (const QString &parte : partes) {
+    const qsizetype igual = parte.indexOf(QLatin1Char('='));
+    if (igual < 0)
+      continue;
+    if (parte.left(igual).trimmed().compare(clave, Qt::CaseInsensitive) == 0)
+      return parte.mid(igual + 1).trimmed();
+  }
+  return {};
+}
+
+bool EsArchivoSqlite(const QString &ruta) {
+  QFile f(ruta);
+  if (!f.open(QIODevice::ReadOnly))
+    return false;
+  return f.read(16).startsWith("SQLite format 3");
+}
+} // namespace
+
+// ---------------------------------------------------------------- Valor
+
+QString Valor::Texto() const {
+  if (v_.isNull())
+    return QString();
+  if (v_.typeId() == QMetaType::Double)
+    return Dinero::DeDouble(v_.toDouble()).Texto();
+  if (v_.typeId() == QMetaType::QDate)
+    return v_.toDate().toString(QStringLiteral("yyyy-MM-dd"));
+  return v_.toString();
+}
+
+qint64 Valor::Entero() const {
+  if (v_.isNull())
+    throw ErrorFatal(QStringLiteral("Uso no válido de Null en el campo %1.").arg(campo_));
+  const QString t = Texto().trimmed();
+  bool ok = false;
+  qint64 n = t.toLongLong(&ok);
+  if (ok)
+    return n;
+  Dinero d = Dinero::DeTexto(t, &ok);
+  if (!ok)
+    throw ErrorFatal(
+        QStringLiteral("No coinciden los tipos: el campo %1 vale «%2».").arg(campo_, t));
+  // A whole number from a decimal value rounds half to even, as the family's code does.
+  qint64 v = d.Diezmilesimos();
+  qint64 q = v / 10000;
+  qint64 r = v % 10000;
+  if (2 * std::llabs(r) > 10000 || (2 * std::llabs(r) == 10000 && q % 2 != 0))
+    q += v < 0 ? -1 : 1;
+  return q;
+}
+
+Dinero Valor::ComoDinero() const {
+  if (v_.isNull())
+    throw ErrorFatal(QStringLiteral("Uso no válido de Null en el campo %1.").arg(campo_));
+  if (v_.typeId() == QMetaType::Double)
+    return Dinero::DeDouble(v_.toDouble());
+  bool ok = false;
+  Dinero d = Dinero::DeTexto(v_.toString(), &ok);
+  if (!ok)
+    throw ErrorFatal(QStringLiteral("No coinciden los tipos: el campo %1 vale «%2».")
+                         .arg(campo_, v_.toString()));
+  return d;
+}
+
+QDate Valor::Fecha() const {
+  if (v_.isNull())
+    return {};
+  if (v_.typeId() == QMetaType::QDate)
+    return v_.toDate();
+  if (v_.typeId() == QMetaType::QDateTime)
+    return v_.toDateTime().date();
+  const QString t = v_.toString().trimmed();
+  QDate d = QDate::fromString(t.left(10), QStringLiteral("yyyy-MM-dd"));
+  if (!d.isValid())
+    d = QDate::fromString(t.left(8), QStringLiteral("yyyyMMdd"));
+  return d;
+}
+
+double Valor::Numero() const {
+  if (v_.isNull())
+    return 0.0;
+  if (v_.typeId() == QMetaType::Double || v_.typeId() == QMetaType::Int ||
+      v_.typeId() == QMetaType::LongLong)
+    return v_.toDouble();
+  return Val(v_.toString());
+}
+
+// ---------------------------------------------------------------- Registros
+
+Registros::Registros(QSqlQuery consulta, QString sentencia)
+    : q_(std::move(consulta)), sentencia_(std::move(sentencia)) {
+  const QSqlRecord r = q_.record();
+  for (int i = 0; i < r.count(); ++i)
+    nombres_ << r.fieldName(i);
+  Siguiente();
+  vacio_ = fin_;
+}
+
+void Registros::Siguiente() {
+  if (q_.next()) {
+    fin_ = false;
+    LeerFila();
+  } else {
+    fin_ = true;
+    fila_.clear();
+  }
+}
+
+void Registros::LeerFila() {
+  // Read in column order: some ODBC drivers hand a forward-only row out only that way.
+  fila_.resize(nombres_.size());
+  for (int i = 0; i < nombres_.size(); ++i)
+    fila_[i] = q_.value(i);
+}
+
+bool Registros::TieneCampo(const QString &nombre) const {
+  return nombres_.contains(nombre, Qt::CaseInsensitive);
+}
+
+Valor Registros::Campo(const QString &nombre) const {
+  for (int i = 0; i < nombres_.size(); ++i) {
+    if (nombres_[i].compare(nombre, Qt::CaseInsensitive) == 0) {
+      if (fin_)
+        throw ErrorFatal(QStringLiteral("No hay registro actual para leer %1.").arg(nombre),
+                         sentencia_);
+      return Valor(fila_[i], nombres_[i]);
+    }
+  }
+  throw ErrorFatal(QStringLiteral("El campo %1 no existe en el resultado.").arg(nombre),
+                   sentencia_);
+}
+
+// ---------------------------------------------------------------- Conexion
+
+Conexion::Conexion(QString nombreQt, int motor, QString texto)
+    : nombre_(std::move(nombreQt)), motor_(motor), texto_(std::move(texto)) {}
+
+Conexion::~Conexion() {
+  {
+    QSqlDatabase db = QSqlDatabase::database(nombre_, false);
+    if (db.isOpen())
+      db.close();
+  }
+  QSqlDatabase::removeDatabase(nombre_);
+}
+
+void Conexion::InstalarGrabadora(Grabadora *g) { gGrabadora = g; }
+
+QSqlQuery Conexion::Preparar(const QString &sql) {
+  if (gGrabadora)
+    gGrabadora->sentencias << sql;
+  QSqlQuery q(QSqlDatabase::database(nombre_, false));
+  q.setForwardOnly(true);
+  q.setNumericalPrecisionPolicy(QSql::HighPrecision);
+  return q;
+}
+
+int Conexion::Ejecutar(const QString &sql) {
+  QSqlQuery q = Preparar(sql);
+  if (!q.exec(sql))
+    throw ErrorFatal(
+        QStringLiteral("Error al ejecutar la sentencia: %1").arg(TextoError(q.lastError())), sql);
+  return q.numRowsAffected();
+}
+
+bool Conexion::IntentarEjecutar(const QString &sql, int *afectados, QString *error) {
+  QSqlQuery q = Preparar(sql);
+  const bool ok = q.exec(sql);
+  if (afectados)
+    *afectados = ok ? q.numRowsAffected() : 0;
+  if (!ok && error)
+    *error = TextoError(q.lastError());
+  return ok;
+}
+
+Registros Conexion::Abrir(const QString &sql) {
+  QSqlQuery q = Preparar(sql);
+  if (!q.exec(sql))
+    throw ErrorFatal(QStringLiteral("Error al leer la consulta: %1").arg(TextoError(q.lastError())),
+                     sql);
+  return Registros(std::move(q), sql);
+}
+
+std::unique_ptr<Registros> Conexion::IntentarAbrir(const QString &sql, QString *error) {
+  QSqlQuery q = Preparar(sql);
+  if (!q.exec(sql)) {
+    if (error)
+      *error = TextoError(q.lastError());
+    return nullptr;
+  }
+  return std::make_unique<Registros>(std::move(q), sql);
+}
+
+// ---------------------------------------------------------------- ServicioConexion
+
+QString ConexionGeneral(const QString &rutaApp) {
+  return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") +
+         UnirRuta(rutaApp, QStringLiteral("Nimbar.mdb")) +
+         QStringLiteral(";Persist Security Info=False;Jet OLEDB:Database Password=");
+}
+
+DestinoConexion ServicioConexion::Traducir(const QString &conexion, const QString &rutaBase,
+                                           const QString &odbcSqlServer) {
+  const QString t = conexion.trimmed();
+  DestinoConexion d;
+  if (t.startsWith(QStringLiteral("SQLite="), Qt::CaseInsensitive)) {
+    QString ruta = t.mid(7).trimmed();
+    if (QFileInfo(QString(ruta).replace(QLatin1Char('\\'), QLatin1Char('/'))).isRelative())
+      ruta = UnirRuta(rutaBase, ruta);
+    d.driver = QStringLiteral("QSQLITE");
+    d.baseDeDatos = RutaNativa(ruta);
+    d.motor = motor::kSqlite;
+    return d;
+  }
+  if (t.startsWith(QStringLiteral("DSN="), Qt::CaseInsensitive)) {
+    // Qt's ODBC driver puts "DSN=" before a text that names no driver or server itself.
+    QString cadena = t.mid(4);
+    while (cadena.endsWith(QLatin1Char(';')))
+      cadena.chop(1); // the MariaDB driver refuses a trailing semicolon
+    d.driver = QStringLiteral("QODBC");
+    d.baseDeDatos = cadena;
+    d.motor = motor::kMySql;
+    return d;
+  }
+  const QString proveedor = ParteConexion(t, QStringLiteral("Provider"));
+  if (proveedor.startsWith(QStringLiteral("SQLOLEDB"), Qt::CaseInsensitive)) {
+    QString servidor = ParteConexion(t, QStringLiteral("Data Source"));
+    if (servidor.endsWith(QLatin1Char('\\')))
+      servidor.chop(1); // an empty instance still carries its backslash
+    QString cadena = QStringLiteral("Driver={%1};Server=%2;Database=%3")
+                         .arg(odbcSqlServer.isEmpty() ? QStringLiteral("FreeTDS") : odbcSqlServer,
+                              servidor, ParteConexion(t, QStringLiteral("Initial Catalog")));
+    if (ParteConexion(t, QStringLiteral("Integrated Security")).isEmpty())
+      cadena += QStringLiteral(";UID=%1;PWD=%2")
+                    .arg(ParteConexion(t, QStringLiteral("User ID")),
+                         ParteConexion(t, QStringLiteral("Password")));
+    else
+      cadena += QStringLiteral(";Trusted_Connection=Yes");
+    d.driver = QStringLiteral("QODBC");
+    d.baseDeDatos = cadena;
+    d.motor = motor::kSqlServer;
+    return d;
+  }
+  if (proveedor.startsWith(QStringLiteral("Microsoft.Jet.OLEDB"), Qt::CaseInsensitive)) {
+    const QString ruta = RutaNativa(ParteConexion(t, QStringLiteral("Data Source")));
+    if (EsArchivoSqlite(ruta) || !QFileInfo::exists(ruta)) {
+      d.driver = QStringLiteral("QSQLITE");
+      d.baseDeDatos = ruta;
+    } else {
+      d.driver = QStringLiteral("QODBC");
+      d.baseDeDatos = QStringLiteral("Driver={Microsoft Access Driver (*.mdb)};DBQ=") + ruta;
+    }
+    return d;
+  }
+  throw ErrorFatal(
+      QStringLiteral("El texto de conexión no tiene una forma conocida: «%1».").arg(conexion));
+}
+
+ConexionPtr ServicioConexion::Abrir(const DestinoConexion &destino, const QString &texto) {
+  if (destino.driver == QStringLiteral("QSQLITE") && !QFileInfo::exists(destino.baseDeDatos))
+    throw ErrorFatal(QStringLiteral("No existe la base de datos %1.").arg(destino.baseDeDatos));
+  const QString nombre = QStringLiteral("escribano_%1").arg(gSiguienteNombre.fetch_add(1));
+  auto con = std::make_unique<Conexion>(nombre, destino.motor, texto);
+  QSqlDatabase db = QSqlDatabase::addDatabase(destino.driver, nombre);
+  db.setDatabaseName(destino.baseDeDatos);
+  if (!db.open())
+    throw ErrorFatal(
+        QStringLiteral("No fue posible abrir la conexión: %1").arg(TextoError(db.lastError())));
+  if (destino.driver == QStringLiteral("QSQLITE")) {
+    QSqlQuery q(db);
+    q.exec(QStringLiteral("PRAGMA journal_mode=WAL"));
+    q.exec(QStringLiteral("PRAGMA synchronous=NORMAL"));
+  }
+  return con;
+}
+
+ConexionPtr ServicioConexion::AbrirConexion(const QString &conexion) const {
+  const QString driverSql =
+      ServicioUtil::LeerIni(QStringLiteral("ODBC"), QStringLiteral("SQLSERVER"), RutaNimbarIni());
+  DestinoConexion d = Traducir(conexion, gRutaApp, driverSql);
+  if (d.motor == 0)
+    d.motor = Motor;
+  return Abrir(d, conexion);
+}
+
+ConexionPtr ServicioConexion::AbrirConexionGeneral(const QString &conexion) const {
+  return Abrir(Traducir(conexion, gRutaApp, {}), conexion);
+}
+
+ConexionPtr ServicioConexion::AbrirConexionRuta(const QString &ruta) const {
+  const QString texto =
+      ConexionGeneral(ruta).replace(QStringLiteral("Nimbar.mdb"), QStringLiteral("Referencia.mdb"));
+  return Abrir(Traducir(texto, ruta, {}), texto);
+}
+
+ConexionPtr ServicioConexion::AbrirSqlite(const QString &ruta, bool crear, int motor) {
+  DestinoConexion d{QStringLiteral("QSQLITE"), RutaNativa(ruta), motor};
+  if (crear && !QFileInfo::exists(d.baseDeDatos)) {
+    QFile f(d.baseDeDatos);
+    if (!f.open(QIODevice::WriteOnly))
+      throw ErrorFatal(QStringLiteral("No fue posible crear el archivo %1: %2")
+                           .arg(d.baseDeDatos, f.errorString()));
+  }
+  return Abrir(d, QStringLiteral("SQLite=") + ruta);
+}

@@ -1,0 +1,133 @@
+#pragma once
+
+#include "shell/Dinero.h"
+
+#include <QDate>
+#include <QSqlQuery>
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+#include <memory>
+#include <vector>
+
+// One value read from a record set, with the conversions the family's code uses.
+class Valor {
+public:
+  Valor() = default;
+  Valor(QVariant v, QString campo) : v_(std::move(v)), campo_(std::move(campo)) {}
+
+  bool EsNulo() const { return v_.isNull(); }
+  // The value joined with an empty text: Null gives "".
+  QString Texto() const;
+  // Whole number; Null or a text that is no number is a failed conversion (fatal).
+  qint64 Entero() const;
+  // Money; Null or a text that is no number is a failed conversion (fatal).
+  Dinero ComoDinero() const;
+  // Date; Null or an invalid date gives an invalid QDate.
+  QDate Fecha() const;
+  // The numeric value of the text (Val): Null and non-numbers give 0.
+  double Numero() const;
+  // A flag: any non-zero number is true.
+  bool Logico() const { return Numero() != 0.0; }
+  const QVariant &Variante() const { return v_; }
+
+private:
+  QVariant v_;
+  QString campo_;
+};
+
+// A forward-only, read-only record set. Fresh from the query it stands on the
+// first row; EOF after the last one. Vacio() is BOF and EOF together.
+class Registros {
+public:
+  Registros(QSqlQuery consulta, QString sentencia);
+  bool Vacio() const { return vacio_; }
+  bool Fin() const { return fin_; }
+  void Siguiente();
+  // A field of the current row by name, without regard to case; an unknown name is fatal.
+  Valor Campo(const QString &nombre) const;
+  bool TieneCampo(const QString &nombre) const;
+  QStringList Campos() const { return nombres_; }
+
+private:
+  void LeerFila();
+  QSqlQuery q_;
+  QString sentencia_;
+  QStringList nombres_;
+  std::vector<QVariant> fila_;
+  bool vacio_ = true;
+  bool fin_ = true;
+};
+
+// Keeps every statement text sent through any connection, in order, while installed.
+struct Grabadora {
+  QStringList sentencias;
+};
+
+// A connection to one database, private to the routine or screen that opened it.
+class Conexion {
+public:
+  Conexion(QString nombreQt, int motor, QString texto);
+  ~Conexion();
+  Conexion(const Conexion &) = delete;
+  Conexion &operator=(const Conexion &) = delete;
+
+  // The engine: 3 SQL Server, 4 MySQL, 5 SQLite, 0 the general or reference database.
+  int Motor() const { return motor_; }
+  const QString &Texto() const { return texto_; }
+
+  // Runs a statement that returns no rows; a failure ends the process. Gives the
+  // number of rows it reports as affected.
+  int Ejecutar(const QString &sql);
+  // The same under a local handler: false on failure, the error text in *error.
+  bool IntentarEjecutar(const QString &sql, int *afectados = nullptr, QString *error = nullptr);
+  // Opens a forward-only record set; a failure ends the process.
+  Registros Abrir(const QString &sql);
+  // The same under a local handler: no value on failure.
+  std::unique_ptr<Registros> IntentarAbrir(const QString &sql, QString *error = nullptr);
+
+  // The recorder in use by every connection, or none.
+  static void InstalarGrabadora(Grabadora *g);
+
+private:
+  QSqlQuery Preparar(const QString &sql);
+  QString nombre_;
+  int motor_;
+  QString texto_;
+};
+
+using ConexionPtr = std::unique_ptr<Conexion>;
+
+// How a stored connection text is reached through Qt.
+struct DestinoConexion {
+  QString driver;      // QSQLITE or QODBC
+  QString baseDeDatos; // file path or ODBC connection string
+  int motor = 0;
+};
+
+class ServicioConexion {
+public:
+  // Engine of the company about to be opened (MOTORDEDATOS), set before AbrirConexion.
+  int Motor = 0;
+
+  // Opens a company connection on a stored connection text (password in plain).
+  ConexionPtr AbrirConexion(const QString &conexion) const;
+  void CerrarConexion(ConexionPtr &conexion) const { conexion.reset(); }
+  // Opens the general database on gConexionGeneral.
+  ConexionPtr AbrirConexionGeneral(const QString &conexion) const;
+  // Opens the reference database Referencia.mdb under the given folder.
+  ConexionPtr AbrirConexionRuta(const QString &ruta) const;
+
+  // The Qt driver and database of a stored text; fatal for a text of no known form.
+  // rutaBase resolves relative SQLite paths; odbcSqlServer names the SQL Server driver.
+  static DestinoConexion Traducir(const QString &conexion, const QString &rutaBase,
+                                  const QString &odbcSqlServer);
+  // Opens a SQLite file, creating it when crear is true.
+  static ConexionPtr AbrirSqlite(const QString &ruta, bool crear, int motor);
+
+private:
+  static ConexionPtr Abrir(const DestinoConexion &destino, const QString &texto);
+};
+
+// Connection text of the general database under a folder, to the letter.
+QString ConexionGeneral(const QString &rutaApp);

@@ -1,0 +1,204 @@
+#include "Apoyo.h"
+#include "shell/ErrorFatal.h"
+#include "shell/ServicioUtil.h"
+#include "shell/Sesion.h"
+
+#include <gtest/gtest.h>
+
+TEST(TraducirConexion, SqliteRelativePathsHangFromTheProgramFolder) {
+  const DestinoConexion d = ServicioConexion::Traducir(QStringLiteral("SQLite=Empresas\\Demo.db"),
+                                                       QStringLiteral("/x/y"), {});
+  EXPECT_EQ(d.driver, QStringLiteral("QSQLITE"));
+  EXPECT_EQ(d.baseDeDatos, QStringLiteral("/x/y/Empresas/Demo.db"));
+  EXPECT_EQ(d.motor, 5);
+}
+
+TEST(TraducirConexion, DsnGoesToOdbcWithoutTrailingSemicolon) {
+  const DestinoConexion d =
+      ServicioConexion::Traducir(QStringLiteral("DSN=Tienda;"), QStringLiteral("/x"), {});
+  EXPECT_EQ(d.driver, QStringLiteral("QODBC"));
+  EXPECT_EQ(d.baseDeDatos, QStringLiteral("Tienda")); // QODBC adds "DSN=" itself
+  EXPECT_EQ(d.motor, 4);
+}
+
+TEST(TraducirConexion, SqlServerGoesThroughTheDriverNamedInTheIni) {
+  const DestinoConexion d = ServicioConexion::Traducir(
+      QStringLiteral("Provider=SQLOLEDB.1; Password=s3; Persist Security Info=True; User ID=sa; "
+                     "Initial Catalog=Tienda; Data Source=SRV\\SQLEXPRESS"),
+      QStringLiteral("/x"), QStringLiteral("ODBC Driver 18 for SQL Server"));
+  EXPECT_EQ(d.baseDeDatos,
+            QStringLiteral("Driver={ODBC Driver 18 for SQL "
+                           "Server};Server=SRV\\SQLEXPRESS;Database=Tienda;UID=sa;PWD=s3"));
+  EXPECT_EQ(d.motor, 3);
+  const DestinoConexion i = ServicioConexion::Traducir(
+      QStringLiteral("Provider=SQLOLEDB.1; Integrated Security=SSPI; Persist Security Info=False; "
+                     "Initial Catalog=Tienda; Data Source=SRV\\"),
+      QStringLiteral("/x"), {});
+  EXPECT_EQ(i.baseDeDatos,
+            QStringLiteral("Driver={FreeTDS};Server=SRV;Database=Tienda;Trusted_Connection=Yes"));
+}
+
+TEST(TraducirConexion, TheGeneralDatabaseTextKeepsItsFormAndOpensAsSqlite) {
+  EXPECT_EQ(ConexionGeneral(QStringLiteral("C:\\Tolvane")),
+            QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=C:\\Tolvane\\Nimbar.mdb;"
+                           "Persist Security Info=False;Jet OLEDB:Database Password="));
+  const DestinoConexion d =
+      ServicioConexion::Traducir(ConexionGeneral(QStringLiteral("/no/hay")), {}, {});
+  EXPECT_EQ(d.driver, QStringLiteral("QSQLITE"));
+  EXPECT_EQ(d.baseDeDatos, QStringLiteral("/no/hay/Nimbar.mdb"));
+}
+
+TEST(TraducirConexion, ATextOfNoKnownFormIsAClearFatalError) {
+  try {
+    ServicioConexion::Traducir(QStringLiteral("Servidor=Algo"), {}, {});
+    FAIL();
+  } catch (const ErrorFatal &e) {
+    EXPECT_TRUE(e.Mensaje().contains(QStringLiteral("no tiene una forma conocida")));
+  }
+}
+
+TEST(AbrirConexion, AMissingSqliteFileIsNotCreated) {
+  EmpresaPrueba emp;
+  ServicioConexion s;
+  EXPECT_THROW(s.AbrirConexion(QStringLiteral("SQLite=NoExiste.db")), ErrorFatal);
+  EXPECT_FALSE(QFileInfo::exists(emp.Ruta() + QStringLiteral("/NoExiste.db")));
+}
+
+TEST(AbrirConexion, TheReferenceDatabaseOpensUnderTheFolderGiven) {
+  EmpresaPrueba emp;
+  ServicioConexion s;
+  ConexionPtr ref = s.AbrirConexionRuta(gRutaApp);
+  Registros r = ref->Abrir(QStringLiteral("SELECT VER FROM tblVersion;"));
+  ASSERT_FALSE(r.Vacio());
+  EXPECT_EQ(r.Campo(QStringLiteral("VER")).Texto(), QStringLiteral("870"));
+}
+
+class Conexiones : public testing::TestWithParam<std::string> {};
+
+TEST_P(Conexiones, TheRecorderKeepsEveryStatementInOrder) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  emp.grabadora.sentencias.clear();
+  con->Ejecutar(QStringLiteral("INSERT INTO tblFolios (COD_FOLIO,DES_FOLIO,FOL_FOLIOS,COD_NUM) "
+                               "VALUES ('D','DIARIO','5',3)"));
+  con->Abrir(QStringLiteral("SELECT * FROM tblFolios WHERE COD_FOLIO='D';"));
+  con->IntentarEjecutar(QStringLiteral("UPDATE tblNoExiste SET A=1"));
+  EXPECT_EQ(emp.grabadora.sentencias,
+            QStringList({QStringLiteral("INSERT INTO tblFolios (COD_FOLIO,DES_FOLIO,FOL_FOLIOS,"
+                                        "COD_NUM) VALUES ('D','DIARIO','5',3)"),
+                         QStringLiteral("SELECT * FROM tblFolios WHERE COD_FOLIO='D';"),
+                         QStringLiteral("UPDATE tblNoExiste SET A=1")}));
+}
+
+TEST_P(Conexiones, RecordSetsAreForwardOnlyWithBofEofAndNullAsEmptyText) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  Registros vacio = con->Abrir(QStringLiteral("SELECT * FROM tblFolios;"));
+  EXPECT_TRUE(vacio.Vacio());
+  EXPECT_TRUE(vacio.Fin());
+  con->Ejecutar(QStringLiteral("INSERT INTO tblFolios (COD_FOLIO,FOL_FOLIOS) VALUES ('E','12')"));
+  con->Ejecutar(QStringLiteral("INSERT INTO tblFolios (COD_FOLIO,FOL_FOLIOS) VALUES ('I','7')"));
+  Registros r = con->Abrir(QStringLiteral("SELECT * FROM tblFolios ORDER BY COD_FOLIO;"));
+  EXPECT_FALSE(r.Vacio());
+  EXPECT_EQ(r.Campo(QStringLiteral("cod_folio")).Texto(), QStringLiteral("E"));
+  EXPECT_TRUE(r.Campo(QStringLiteral("DES_FOLIO")).EsNulo());
+  EXPECT_EQ(r.Campo(QStringLiteral("DES_FOLIO")).Texto(), QString());
+  EXPECT_THROW(r.Campo(QStringLiteral("COD_NUM")).Entero(), ErrorFatal);
+  EXPECT_EQ(r.Campo(QStringLiteral("FOL_FOLIOS")).Entero(), 12);
+  EXPECT_THROW(r.Campo(QStringLiteral("NO_HAY")), ErrorFatal);
+  r.Siguiente();
+  EXPECT_EQ(r.Campo(QStringLiteral("COD_FOLIO")).Texto(), QStringLiteral("I"));
+  r.Siguiente();
+  EXPECT_TRUE(r.Fin());
+  EXPECT_FALSE(r.Vacio());
+}
+
+TEST_P(Conexiones, AFailedStatementEndsTheProcessWithTheStatement) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  try {
+    con->Ejecutar(QStringLiteral("UPDATE tblNoExiste SET A=1"));
+    FAIL();
+  } catch (const ErrorFatal &e) {
+    EXPECT_EQ(e.Sentencia(), QStringLiteral("UPDATE tblNoExiste SET A=1"));
+  }
+  int afectados = -1;
+  QString error;
+  EXPECT_FALSE(
+      con->IntentarEjecutar(QStringLiteral("UPDATE tblNoExiste SET A=1"), &afectados, &error));
+  EXPECT_EQ(afectados, 0);
+  EXPECT_FALSE(error.isEmpty());
+}
+
+TEST_P(Conexiones, AnApostropheThatReachesTheStatementBreaksIt) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  const QString pegado = QStringLiteral("D'Angelo");
+  EXPECT_FALSE(con->IntentarEjecutar(
+      QStringLiteral("INSERT INTO tblFolios (COD_FOLIO,DES_FOLIO) VALUES ('X','%1')").arg(pegado)));
+  EXPECT_EQ(emp.Contar(QStringLiteral("tblFolios")), 0);
+}
+
+TEST_P(Conexiones, TheDateLiteralComparesWithStoredDates) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  const int m = con->Motor();
+  const QDate d(2024, 2, 29);
+  con->Ejecutar(QStringLiteral("INSERT INTO tblMovimxPoliza (FOLIO_MOV,CONCEPTO,MODULO,FECHA_CON,"
+                               "FECHA_MOV,COD_OPER) VALUES ('A','',1,%1,%2,1)")
+                    .arg(ServicioUtil::FechaSQL(d, m), ServicioUtil::FechaSQL(d.addDays(1), m)));
+  auto contar = [&](const QString &donde) {
+    Registros r =
+        con->Abrir(QStringLiteral("SELECT COUNT(*) AS N FROM tblMovimxPoliza WHERE ") + donde);
+    return r.Campo(QStringLiteral("N")).Entero();
+  };
+  EXPECT_EQ(contar(QStringLiteral("FECHA_CON=") + ServicioUtil::FechaSQL(d, m)), 1);
+  EXPECT_EQ(contar(QStringLiteral("FECHA_CON BETWEEN %1 AND %2")
+                       .arg(ServicioUtil::FechaSQL(QDate(2024, 2, 1), m),
+                            ServicioUtil::FechaSQL(QDate(2024, 2, 29), m))),
+            1);
+  EXPECT_EQ(contar(QStringLiteral("FECHA_MOV BETWEEN %1 AND %2")
+                       .arg(ServicioUtil::FechaSQL(QDate(2024, 2, 1), m),
+                            ServicioUtil::FechaSQL(QDate(2024, 2, 29), m))),
+            0);
+  EXPECT_EQ(contar(QStringLiteral("FECHA_CON<") + ServicioUtil::FechaSQL(d, m)), 0);
+  Registros r = con->Abrir(QStringLiteral("SELECT FECHA_CON FROM tblMovimxPoliza;"));
+  EXPECT_EQ(r.Campo(QStringLiteral("FECHA_CON")).Fecha(), d);
+}
+
+TEST_P(Conexiones, TheTimeLiteralIsStoredAsTheTimeOfDay) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  const QDateTime ahora(QDate(2024, 3, 1), QTime(14, 5, 9));
+  con->Ejecutar(QStringLiteral("INSERT INTO tblBitacoraPolizas (MODULO,COD_OPER,COD_CONCEP,"
+                               "FOL_POLIZA,HR_GENERA) VALUES (1,1,'','1',%1)")
+                    .arg(ServicioUtil::FechaHoraSQL(ahora, con->Motor())));
+  Registros r = con->Abrir(QStringLiteral("SELECT HR_GENERA FROM tblBitacoraPolizas;"));
+  EXPECT_TRUE(r.Campo(QStringLiteral("HR_GENERA")).Texto().startsWith(QStringLiteral("14:05:09")));
+}
+
+TEST_P(Conexiones, MoneyComesBackExact) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  con->Ejecutar(QStringLiteral("INSERT INTO tblPolizasRen (FOL_POLIZA,TIP_POLIZA,COD_DATO,IMP_DEBE,"
+                               "IMP_HABER) VALUES ('1','D',1,1234567.8901,-0.0001)"));
+  Registros r = con->Abrir(QStringLiteral("SELECT IMP_DEBE,IMP_HABER,SUM(IMP_DEBE) AS S FROM "
+                                          "tblPolizasRen GROUP BY IMP_DEBE,IMP_HABER;"));
+  EXPECT_EQ(r.Campo(QStringLiteral("IMP_DEBE")).ComoDinero().Diezmilesimos(), 12345678901LL);
+  EXPECT_EQ(r.Campo(QStringLiteral("IMP_HABER")).ComoDinero().Diezmilesimos(), -1);
+  EXPECT_EQ(r.Campo(QStringLiteral("S")).ComoDinero().Diezmilesimos(), 12345678901LL);
+}
+
+INSTANTIATE_TEST_SUITE_P(Motores, Conexiones, testing::ValuesIn(MotoresDePrueba()), NombreMotor);
+
+TEST(FechaSQL, EachEngineHasItsLiteral) {
+  const QDate d(2024, 1, 31);
+  EXPECT_EQ(ServicioUtil::FechaSQL(d, 3), QStringLiteral("'20240131'"));
+  EXPECT_EQ(ServicioUtil::FechaSQL(d, 4), QStringLiteral("'2024-01-31'"));
+  EXPECT_EQ(ServicioUtil::FechaSQL(d, 5), QStringLiteral("'2024-01-31'"));
+  const QDateTime t(d, QTime(9, 3, 7));
+  EXPECT_EQ(ServicioUtil::FechaHoraSQL(t, 3), QStringLiteral("'09:03:07'"));
+  EXPECT_EQ(ServicioUtil::FechaHoraSQL(t, 4), QStringLiteral("'09:03:07'"));
+  EXPECT_EQ(ServicioUtil::FuncionLargo(4), QStringLiteral("LENGTH"));
+  EXPECT_EQ(ServicioUtil::FuncionLargo(3), QStringLiteral("LEN"));
+}
