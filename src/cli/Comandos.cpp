@@ -2,6 +2,9 @@
 
 #include "db/EmpresaDemo.h"
 #include "shell/CatalogoMensajes.h"
+#include "shell/Encriptacion.h"
+#include "shell/Entrada.h"
+#include "shell/Rutas.h"
 #include "shell/ErrorFatal.h"
 #include "shell/ServicioConexion.h"
 #include "shell/ServicioUtil.h"
@@ -79,23 +82,58 @@ int Demo(const Argumentos &a, QTextStream &out) {
   return kSalidaBien;
 }
 
-int Resumen(const Argumentos &a, QTextStream &out) {
+SesionCli AbrirEmpresa(const QStringList &opciones) {
+  const QString general = UnirRuta(gRutaApp, QStringLiteral("nimbar.mdb"));
+  if (!QFileInfo::exists(RutaNativa(general)))
+    throw ErrorFatal(CatalogoMensajes::Texto(300) + QLatin1Char('\n') + general);
   ServicioConexion servicio;
-  ConexionPtr general = servicio.AbrirConexionGeneral(gConexionGeneral);
-  QString empresa = Opcion(a.opciones, QStringLiteral("--empresa"));
+  SesionCli sesion;
+  sesion.general = servicio.AbrirConexionGeneral(gConexionGeneral);
+  QString empresa = Opcion(opciones, QStringLiteral("--empresa"));
   if (empresa.isEmpty())
-    empresa =
-        ServicioUtil::LeerIni(QStringLiteral("VARIOS"), QStringLiteral("EMPRESA"), RutaNimbarIni());
-  const int numEmp = static_cast<int>(Val(empresa));
-  Registros r = general->Abrir(
-      QStringLiteral("SELECT CONEXION,MOTORDEDATOS FROM tblEmpresas WHERE NUM_EMP=%1;")
-          .arg(numEmp));
+    empresa = ServicioUtil::LeerIni(QStringLiteral("VARIOS"), QStringLiteral("EMPRESA"),
+                                    RutaNimbarIni());
+  gNumEmp = static_cast<int>(Val(empresa));
+  // Without a company named, or with one that is gone, the first of the list is taken.
+  const QString lista = QStringLiteral(
+      "SELECT NUM_EMP FROM tblEmpresas WHERE CONEXION<>'' AND MOTORDEDATOS<>2 ORDER BY NUM_EMP;");
+  if (Opcion(opciones, QStringLiteral("--empresa")).isEmpty()) {
+    Registros r = sesion.general->Abrir(lista);
+    bool hallada = false;
+    for (; !r.Fin() && !hallada; r.Siguiente())
+      hallada = r.Campo(QStringLiteral("NUM_EMP")).Entero() == gNumEmp;
+    if (!hallada) {
+      Registros primera = sesion.general->Abrir(lista);
+      if (primera.Vacio())
+        throw ErrorFatal(CatalogoMensajes::Texto(302));
+      gNumEmp = static_cast<int>(primera.Campo(QStringLiteral("NUM_EMP")).Entero());
+    }
+  }
+  Registros r = sesion.general->Abrir(
+      QStringLiteral("SELECT MOTORDEDATOS,CONEXION FROM tblEmpresas WHERE NUM_EMP=%1;").arg(gNumEmp));
   if (r.Vacio())
-    throw ErrorFatal(QStringLiteral("No existe la empresa %1 en Nimbar.mdb.").arg(numEmp));
+    throw ErrorFatal(QStringLiteral("No existe la empresa %1 en Nimbar.mdb.").arg(gNumEmp));
   servicio.Motor = static_cast<int>(r.Campo(QStringLiteral("MOTORDEDATOS")).Numero());
-  QString conexion = r.Campo(QStringLiteral("CONEXION")).Texto();
-  ConexionPtr con = servicio.AbrirConexion(conexion);
-  CargarEmpresa(*general, *con, numEmp);
+  gMotor = servicio.Motor;
+  gConexion = r.Campo(QStringLiteral("CONEXION")).Texto();
+  if (gMotor == motor::kSqlServer)
+    gConexion = DesencriptarConexion(gConexion);
+  sesion.empresa = servicio.AbrirConexion(gConexion);
+  return sesion;
+}
+
+int IniciarSesion(const QStringList &opciones, SesionCli &sesion) {
+  sesion = AbrirEmpresa(opciones);
+  const ResultadoEntrada r =
+      AceptarEntrada(*sesion.general, *sesion.empresa, Opcion(opciones, QStringLiteral("--usuario")),
+                     Opcion(opciones, QStringLiteral("--clave")));
+  return r == ResultadoEntrada::Aceptada ? kSalidaBien : kSalidaEntrada;
+}
+
+int Resumen(const Argumentos &a, QTextStream &out) {
+  SesionCli sesion = AbrirEmpresa(a.opciones);
+  CargarEmpresa(*sesion.general, *sesion.empresa, gNumEmp);
+  Conexion *con = sesion.empresa.get();
 
   out << "Empresa " << gNumEmp << ": " << gNomCom << " (" << gNomEmp << ")\n";
   out << "  Conexión:        " << gConexion << "\n";

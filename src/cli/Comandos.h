@@ -1,5 +1,7 @@
 #pragma once
 
+#include "shell/ServicioConexion.h"
+
 #include <QStringList>
 #include <QTextStream>
 
@@ -10,6 +12,7 @@ namespace cli {
 constexpr int kSalidaBien = 0;
 constexpr int kSalidaUso = 1;
 constexpr int kSalidaFatal = 2;
+constexpr int kSalidaEntrada = 3; // user unknown, barred or wrong password
 
 struct Argumentos {
   QString comando;
@@ -23,6 +26,19 @@ bool Analizar(const QStringList &args, Argumentos &salida, QString &error);
 // The value of "--nombre valor" among the options; empty when absent.
 QString Opcion(const QStringList &opciones, const QString &nombre);
 bool Bandera(const QStringList &opciones, const QString &nombre);
+
+// The two connections of a session opened from the command line.
+struct SesionCli {
+  ConexionPtr general;
+  ConexionPtr empresa;
+};
+
+// Opens the general database and the company of --empresa (the last one used, or the
+// first of the list), as the login's company selection does.
+SesionCli AbrirEmpresa(const QStringList &opciones);
+// AbrirEmpresa, then the login's acceptance with --usuario and --clave. Returns
+// kSalidaBien, or kSalidaEntrada when the user is refused (the message is shown).
+int IniciarSesion(const QStringList &opciones, SesionCli &sesion);
 
 int Demo(const Argumentos &a, QTextStream &out);
 int Resumen(const Argumentos &a, QTextStream &out);

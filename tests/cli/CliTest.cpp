@@ -49,7 +49,9 @@ TEST_F(Cli, DemoThenSummaryShowsTheCompanyAndEmptyJournal) {
 TEST_F(Cli, AFolderWithoutInstallationIsAFatalErrorWithExitTwo) {
   Salida r = Correr({QStringLiteral("--ruta"), dir.path(), QStringLiteral("resumen")});
   EXPECT_EQ(r.codigo, 2);
-  EXPECT_TRUE(r.err.contains(QStringLiteral("Nimbar.mdb"))) << r.err.toStdString();
+  EXPECT_TRUE(r.err.contains(CatalogoMensajes::Texto(300) + QStringLiteral("\n") + dir.path() +
+                             QStringLiteral("\\nimbar.mdb")))
+      << r.err.toStdString();
 }
 
 TEST_F(Cli, AnUnknownCompanyIsReported) {
