@@ -29,6 +29,7 @@ QString gConxDP;
 QString gCodUsu;
 QString gPassUsu;
 QString gMercancia;
+QString gRutaDirectorio;
 bool gVersionOk = false;
 DatosEmpresa gEmpresa;
 ServiciosElectronicos gServicios;
@@ -137,6 +138,7 @@ void LimpiarSesion() {
   gCodUsu.clear();
   gPassUsu.clear();
   gMercancia.clear();
+  gRutaDirectorio.clear();
   gVersionOk = false;
   gEmpresa = {};
   gServicios = {};

@@ -30,6 +30,7 @@ extern QString gConxDP;
 extern QString gCodUsu;
 extern QString gPassUsu;
 extern QString gMercancia;
+extern QString gRutaDirectorio; // folder exchanged with the folder picker
 extern bool gVersionOk;
 
 // What the company load keeps for the printed headers of the family, by column name.

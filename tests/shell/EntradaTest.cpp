@@ -1,7 +1,7 @@
+#include "shell/Entrada.h"
 #include "Apoyo.h"
 #include "db/EmpresaDemo.h"
 #include "shell/Encriptacion.h"
-#include "shell/Entrada.h"
 #include "shell/Sesion.h"
 
 #include <gtest/gtest.h>
@@ -49,7 +49,8 @@ TEST_P(Entrada, UnknownBarredAndWrongPasswordAreRefusedWithTheirMessages) {
   Usuario(QStringLiteral("BETO"), QStringLiteral("x"), QString(), 9);
   EXPECT_EQ(Entrar(QStringLiteral("NADIE"), QStringLiteral("x")),
             ResultadoEntrada::UsuarioDesconocido);
-  EXPECT_EQ(Entrar(QStringLiteral("BETO"), QStringLiteral("x")), ResultadoEntrada::UsuarioBloqueado);
+  EXPECT_EQ(Entrar(QStringLiteral("BETO"), QStringLiteral("x")),
+            ResultadoEntrada::UsuarioBloqueado);
   EXPECT_EQ(Entrar(QStringLiteral("ADMIN"), QStringLiteral("Clave")),
             ResultadoEntrada::ClaveIncorrecta);
   EXPECT_EQ(emp->mensajes.Ids(), (std::vector<int>{410, 400, 409}));
@@ -92,7 +93,8 @@ TEST_P(Entrada, VersionBelowSixtyLeavesEveryPasswordAsItIs) {
   Usuario(QStringLiteral("CAJA"), QStringLiteral("plana"), QStringLiteral("otra"));
   EXPECT_EQ(Entrar(QStringLiteral("CAJA"), QStringLiteral("plana")), ResultadoEntrada::Aceptada);
   EXPECT_EQ(Clave("PASS1_USU", QStringLiteral("CAJA")), QStringLiteral("plana"));
-  EXPECT_EQ(Clave("PASS1_USU", QStringLiteral("ADMIN")).size(), Encriptar(QStringLiteral("clave")).size());
+  EXPECT_EQ(Clave("PASS1_USU", QStringLiteral("ADMIN")).size(),
+            Encriptar(QStringLiteral("clave")).size());
   EXPECT_FALSE(gVersionOk);
   ASSERT_EQ(emp->mensajes.mostrados.size(), 1u);
   EXPECT_EQ(emp->mensajes.mostrados[0].titulo, QStringLiteral("Sistema"));
