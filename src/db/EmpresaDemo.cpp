@@ -62,14 +62,13 @@ void CrearBaseReferencia(const QString &rutaArchivo) {
       QStringLiteral("INSERT INTO tblVersion (VER,CXC_CENTRAL) VALUES (%1,0)").arg(kVersionNumero));
   // The data dictionary: tables and the fields a rule's datum may name directly.
   con->Ejecutar(QStringLiteral("INSERT INTO tblTablas (Numero,Nombre) VALUES (1,'tblGralVentas')"));
-  con->Ejecutar(QStringLiteral("INSERT INTO tblTablas (Numero,Nombre) VALUES (2,'tblComprasEnc')"));
-  con->Ejecutar(QStringLiteral("INSERT INTO tblTablas (Numero,Nombre) VALUES (3,'tblGastosEnc')"));
+  con->Ejecutar(QStringLiteral("INSERT INTO tblTablas (Numero,Nombre) VALUES (2,'tblGastosEnc')"));
   con->Ejecutar(
-      QStringLiteral("INSERT INTO tblCamposTabla (Numero,Nombre,Tabla) VALUES (1,'TOTAL',1)"));
+      QStringLiteral("INSERT INTO tblCamposTabla (Numero,Nombre,Tabla) VALUES (1,'SUB_DOC',1)"));
   con->Ejecutar(
-      QStringLiteral("INSERT INTO tblCamposTabla (Numero,Nombre,Tabla) VALUES (2,'TOTAL',2)"));
+      QStringLiteral("INSERT INTO tblCamposTabla (Numero,Nombre,Tabla) VALUES (2,'IMP_MOV',2)"));
   con->Ejecutar(
-      QStringLiteral("INSERT INTO tblCamposTabla (Numero,Nombre,Tabla) VALUES (3,'TOTAL',3)"));
+      QStringLiteral("INSERT INTO tblCamposTabla (Numero,Nombre,Tabla) VALUES (3,'IVA_MOV',2)"));
 }
 
 void LlenarIdentidad(Conexion &con, const QString &claveAdmin) {
