@@ -48,3 +48,6 @@ private:
 // Writes a file (bytes as given) under a folder.
 void EscribirArchivo(const QString &ruta, const QByteArray &bytes);
 QByteArray LeerArchivo(const QString &ruta);
+
+// Readable QString in test failures.
+inline void PrintTo(const QString &texto, std::ostream *os) { *os << texto.toStdString(); }

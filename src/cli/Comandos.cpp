@@ -1,11 +1,13 @@
 #include "cli/Comandos.h"
 
+#include "cli/ComandoExportar.h"
+#include "cli/ComandoGenerar.h"
 #include "db/EmpresaDemo.h"
 #include "shell/CatalogoMensajes.h"
 #include "shell/Encriptacion.h"
 #include "shell/Entrada.h"
-#include "shell/Rutas.h"
 #include "shell/ErrorFatal.h"
+#include "shell/Rutas.h"
 #include "shell/ServicioConexion.h"
 #include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
@@ -26,9 +28,18 @@ const char *const kUso =
     "  resumen [--empresa N]\n"
     "      Carga la empresa (la última usada si no se indica) y muestra sus datos de\n"
     "      sesión y cuántas filas tienen las tablas de pólizas.\n"
+    "  generar --usuario U --clave P --del AAAA-MM-DD --al AAAA-MM-DD [--empresa N]\n"
+    "          [--operaciones 1,2,24] [--actualizar] [--fecha AAAA-MM-DD]\n"
+    "          [--bitacora RUTA] [--agregar]\n"
+    "      Genera las pólizas del período. Sin --operaciones toma todas las que tienen\n"
+    "      reglas; --fecha pone esa fecha a todas las pólizas; --actualizar rehace las\n"
+    "      ya contabilizadas; --agregar añade la corrida a una bitácora existente.\n";
+const char *const kUsoFinal =
     "\n"
     "CARPETA es la carpeta del programa (Nimbar.mdb, Nimbar.ini); por omisión la variable\n"
-    "ESCRIBANO_RUTA o la carpeta del ejecutable.\n";
+    "ESCRIBANO_RUTA o la carpeta del ejecutable.\n"
+    "Salida: 0 bien, 1 uso, 2 error fatal, 3 usuario rechazado, 4 sin formato de archivo,\n"
+    "5 archivo no escrito, 6 bitácora existente sin --agregar.\n";
 
 // The tables that generation leaves behind, in the order a bookkeeper reads them.
 const char *const kTablasPolizas[] = {"tblPolizasEnc", "tblPolizasRen", "tblMovimxPoliza",
@@ -68,6 +79,34 @@ bool Bandera(const QStringList &opciones, const QString &nombre) {
   return opciones.contains(nombre);
 }
 
+bool FechaOpcion(const QStringList &opciones, const QString &nombre, bool requerida, QDate &fecha,
+                 QString &error) {
+  const QString texto = Opcion(opciones, nombre);
+  if (texto.isEmpty()) {
+    if (requerida)
+      error = QStringLiteral("Falta la fecha %1 (AAAA-MM-DD).").arg(nombre);
+    return !requerida;
+  }
+  fecha = QDate::fromString(texto, QStringLiteral("yyyy-MM-dd"));
+  if (!fecha.isValid())
+    error =
+        QStringLiteral("La fecha %1 «%2» no es válida; se espera AAAA-MM-DD.").arg(nombre, texto);
+  return fecha.isValid();
+}
+
+RespuestaMensaje PresentadorCli::Presentar(const Mensaje &mensaje) {
+  QTextStream &destino = (mensaje.icono == IconoMensaje::Informacion) ? out_ : err_;
+  destino << mensaje.texto << "\n";
+  destino.flush();
+  switch (mensaje.botones) {
+  case BotonesMensaje::SiNo:
+  case BotonesMensaje::SiNoCancelar:
+    return RespuestaMensaje::Si;
+  default:
+    return RespuestaMensaje::Aceptar;
+  }
+}
+
 int Demo(const Argumentos &a, QTextStream &out) {
   demo::OpcionesDemo op;
   op.ruta = gRutaApp;
@@ -91,8 +130,8 @@ SesionCli AbrirEmpresa(const QStringList &opciones) {
   sesion.general = servicio.AbrirConexionGeneral(gConexionGeneral);
   QString empresa = Opcion(opciones, QStringLiteral("--empresa"));
   if (empresa.isEmpty())
-    empresa = ServicioUtil::LeerIni(QStringLiteral("VARIOS"), QStringLiteral("EMPRESA"),
-                                    RutaNimbarIni());
+    empresa =
+        ServicioUtil::LeerIni(QStringLiteral("VARIOS"), QStringLiteral("EMPRESA"), RutaNimbarIni());
   gNumEmp = static_cast<int>(Val(empresa));
   // Without a company named, or with one that is gone, the first of the list is taken.
   const QString lista = QStringLiteral(
@@ -110,7 +149,8 @@ SesionCli AbrirEmpresa(const QStringList &opciones) {
     }
   }
   Registros r = sesion.general->Abrir(
-      QStringLiteral("SELECT MOTORDEDATOS,CONEXION FROM tblEmpresas WHERE NUM_EMP=%1;").arg(gNumEmp));
+      QStringLiteral("SELECT MOTORDEDATOS,CONEXION FROM tblEmpresas WHERE NUM_EMP=%1;")
+          .arg(gNumEmp));
   if (r.Vacio())
     throw ErrorFatal(QStringLiteral("No existe la empresa %1 en Nimbar.mdb.").arg(gNumEmp));
   servicio.Motor = static_cast<int>(r.Campo(QStringLiteral("MOTORDEDATOS")).Numero());
@@ -124,9 +164,9 @@ SesionCli AbrirEmpresa(const QStringList &opciones) {
 
 int IniciarSesion(const QStringList &opciones, SesionCli &sesion) {
   sesion = AbrirEmpresa(opciones);
-  const ResultadoEntrada r =
-      AceptarEntrada(*sesion.general, *sesion.empresa, Opcion(opciones, QStringLiteral("--usuario")),
-                     Opcion(opciones, QStringLiteral("--clave")));
+  const ResultadoEntrada r = AceptarEntrada(*sesion.general, *sesion.empresa,
+                                            Opcion(opciones, QStringLiteral("--usuario")),
+                                            Opcion(opciones, QStringLiteral("--clave")));
   return r == ResultadoEntrada::Aceptada ? kSalidaBien : kSalidaEntrada;
 }
 
@@ -161,22 +201,38 @@ int Ejecutar(const QStringList &args, const QString &rutaEjecutable, QTextStream
   Argumentos a;
   QString error;
   if (!Analizar(args, a, error)) {
-    err << error << "\n\n" << kUso;
+    err << error << "\n\n" << kUso << kUsoExportar << kUsoFinal;
     return kSalidaUso;
   }
   if (a.comando == QStringLiteral("ayuda")) {
-    out << kUso;
+    out << kUso << kUsoExportar << kUsoFinal;
     return kSalidaBien;
   }
   if (!a.ruta.isEmpty())
     qputenv("ESCRIBANO_RUTA", a.ruta.toLocal8Bit());
+  // Messages go to the terminal unless a caller (a test) installed its own presenter.
+  PresentadorCli presentador(out, err);
+  const bool propio = !CatalogoMensajes::HayPresentadorInstalado();
+  if (propio)
+    CatalogoMensajes::Instalar(&presentador);
+  struct Restaurar {
+    bool activo;
+    ~Restaurar() {
+      if (activo)
+        CatalogoMensajes::Instalar(nullptr);
+    }
+  } restaurar{propio};
   try {
     IniciarRutas(rutaEjecutable);
     if (a.comando == QStringLiteral("demo"))
       return Demo(a, out);
     if (a.comando == QStringLiteral("resumen"))
       return Resumen(a, out);
-    err << "Comando desconocido: " << a.comando << "\n\n" << kUso;
+    if (a.comando == QStringLiteral("generar"))
+      return Generar(a, out, err);
+    if (a.comando == QStringLiteral("exportar"))
+      return Exportar(a, out);
+    err << "Comando desconocido: " << a.comando << "\n\n" << kUso << kUsoExportar << kUsoFinal;
     return kSalidaUso;
   } catch (const ErrorFatal &e) {
     out.flush();

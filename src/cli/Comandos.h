@@ -1,6 +1,9 @@
 #pragma once
 
+#include "shell/CatalogoMensajes.h"
 #include "shell/ServicioConexion.h"
+
+#include <QDate>
 
 #include <QStringList>
 #include <QTextStream>
@@ -26,6 +29,22 @@ bool Analizar(const QStringList &args, Argumentos &salida, QString &error);
 // The value of "--nombre valor" among the options; empty when absent.
 QString Opcion(const QStringList &opciones, const QString &nombre);
 bool Bandera(const QStringList &opciones, const QString &nombre);
+// A date option in the form AAAA-MM-DD; false with a message when it is malformed, or
+// absent and required.
+bool FechaOpcion(const QStringList &opciones, const QString &nombre, bool requerida, QDate &fecha,
+                 QString &error);
+
+// Shows the catalogue's messages on the terminal: information on standard output,
+// warnings and errors on standard error; questions take the given answer.
+class PresentadorCli : public PresentadorMensajes {
+public:
+  PresentadorCli(QTextStream &out, QTextStream &err) : out_(out), err_(err) {}
+  RespuestaMensaje Presentar(const Mensaje &mensaje) override;
+
+private:
+  QTextStream &out_;
+  QTextStream &err_;
+};
 
 // The two connections of a session opened from the command line.
 struct SesionCli {

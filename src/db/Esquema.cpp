@@ -15,8 +15,10 @@ namespace {
 using enum Tipo;
 
 // Lengths of the text columns that repeat across tables.
-constexpr int kCodigo = 10;   // catalogue codes: concepts, cities, branches
-constexpr int kFolio = 20;    // document keys, folios and user codes
+constexpr int kCodigo = 10; // catalogue codes: concepts, cities, branches
+constexpr int kFolio = 20;  // document keys, folios and user codes
+// Journal folios: eleven digits, more when the counter outgrows them.
+constexpr int kFolioPoliza = 20;
 constexpr int kArticulo = 30; // COD1_ART and the codes that point to it
 constexpr int kRubro = 20;    // COD_RUBRO, "1-01-02-01"
 constexpr int kCuenta = 30;   // account number of the accounting package
@@ -335,7 +337,7 @@ const std::vector<Tabla> &TablasEmpresa() {
       // ---------------------------------------------------------------
       {"tblPolizasEnc",
        {
-           {"FOL_POLIZA", Texto, 11},
+           {"FOL_POLIZA", Texto, kFolioPoliza},
            {"FEC_POLIZA", Fecha},
            {"TIP_POLIZA", Texto, kCodigo},
            {"COD_OPER", Entero},
@@ -352,7 +354,7 @@ const std::vector<Tabla> &TablasEmpresa() {
 
       {"tblPolizasRen",
        {
-           {"FOL_POLIZA", Texto, 11},
+           {"FOL_POLIZA", Texto, kFolioPoliza},
            {"TIP_POLIZA", Texto, kCodigo},
            {"COD_DATO", Entero},
            {"RUBRO_DEBE", Texto, kRubro},
@@ -370,7 +372,7 @@ const std::vector<Tabla> &TablasEmpresa() {
            {"CONCEPTO", Texto, kCodigo},
            {"MODULO", Entero},
            {"FOLIO_POL", Entero},
-           {"FOLIO_POLIZA", Texto, 11},
+           {"FOLIO_POLIZA", Texto, kFolioPoliza},
            {"FREC", Entero},
            {"FECHA_CON", Fecha},
            {"FECHA_MOV", Fecha},
@@ -387,7 +389,7 @@ const std::vector<Tabla> &TablasEmpresa() {
            {"COD_OPER", Entero},
            {"COD_CONCEP", Texto, kCodigo},
            {"FEC_MOVIM", Fecha},
-           {"FOL_POLIZA", Texto, 11},
+           {"FOL_POLIZA", Texto, kFolioPoliza},
            {"TIP_POLIZA", Texto, kCodigo},
            {"FEC_GENERA", Fecha},
            {"HR_GENERA", Hora},

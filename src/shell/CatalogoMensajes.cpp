@@ -193,6 +193,8 @@ RespuestaMensaje CatalogoMensajes::Caja(const QString &texto, const QString &tit
 
 void CatalogoMensajes::Instalar(PresentadorMensajes *presentador) { gPresentador = presentador; }
 
+bool CatalogoMensajes::HayPresentadorInstalado() { return gPresentador != nullptr; }
+
 PresentadorMensajes *CatalogoMensajes::Presentador() {
   static PresentadorConsola consola;
   return gPresentador ? gPresentador : &consola;

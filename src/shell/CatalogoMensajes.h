@@ -50,6 +50,8 @@ public:
   // The presenter in use; the CLI's (standard error) until another is installed.
   static void Instalar(PresentadorMensajes *presentador);
   static PresentadorMensajes *Presentador();
+  // Whether a presenter other than the console's default is installed.
+  static bool HayPresentadorInstalado();
 };
 
 // Prints messages to standard error and answers every question with its default

@@ -3,7 +3,6 @@
 #include "shell/Rutas.h"
 
 #include <QApplication>
-#include <QChildEvent>
 #include <QDesktopServices>
 #include <QKeyEvent>
 #include <QUrl>
@@ -11,27 +10,80 @@
 
 QString ColorFamilia() { return QStringLiteral("rgb(210, 230, 245)"); }
 
-RechazoApostrofe::RechazoApostrofe(QWidget *ventana) : QObject(ventana) {
+VistaPreviaTeclas::VistaPreviaTeclas(QWidget *ventana, Manejador manejador)
+    : QObject(ventana), manejador_(std::move(manejador)) {
   // The window sees the key events of all its children through the application.
   qApp->installEventFilter(this);
 }
 
-bool RechazoApostrofe::eventFilter(QObject *objeto, QEvent *evento) {
+bool VistaPreviaTeclas::eventFilter(QObject *objeto, QEvent *evento) {
   if (evento->type() != QEvent::KeyPress)
     return false;
-  auto *w = qobject_cast<QWidget *>(objeto);
+  auto *control = qobject_cast<QWidget *>(objeto);
   auto *ventana = qobject_cast<QWidget *>(parent());
-  if (!w || !ventana || (w != ventana && !ventana->isAncestorOf(w)))
+  if (!control || !ventana || (control != ventana && !ventana->isAncestorOf(control)))
     return false;
-  auto *tecla = static_cast<QKeyEvent *>(evento);
-  if (tecla->text() == QLatin1String("'")) {
-    QApplication::beep();
-    return true;
+  // A key that the focused control didn't take travels up to its parents: it was seen
+  // already when it reached the control.
+  QWidget *foco = QApplication::focusWidget();
+  if (foco && control != foco && control->isAncestorOf(foco))
+    return false;
+  return manejador_(control, static_cast<QKeyEvent *>(evento));
+}
+
+RechazoApostrofe::RechazoApostrofe(QWidget *ventana)
+    : VistaPreviaTeclas(ventana, [](QWidget *, QKeyEvent *tecla) {
+        if (tecla->text() != QLatin1String("'"))
+          return false;
+        QApplication::beep();
+        return true;
+      }) {}
+
+namespace {
+
+std::function<void(const QUrl &)> gAbridor;
+
+bool EsExcepcion(QWidget *control, QWidget *ventana, const QStringList &excepciones) {
+  for (QWidget *w = control; w; w = w->parentWidget()) {
+    if (excepciones.contains(w->objectName()))
+      return true;
+    if (w == ventana)
+      break;
   }
   return false;
 }
 
+} // namespace
+
+EnterSiguiente::EnterSiguiente(QWidget *ventana, QStringList excepciones)
+    : VistaPreviaTeclas(ventana, [ventana, excepciones](QWidget *control, QKeyEvent *tecla) {
+        if (tecla->key() != Qt::Key_Return && tecla->key() != Qt::Key_Enter)
+          return false;
+        if (EsExcepcion(control, ventana, excepciones))
+          return false;
+        EnviarTab(control);
+        return true;
+      }) {}
+
+void EnviarTab(QWidget *control) {
+  QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, QStringLiteral("\t"));
+  QCoreApplication::sendEvent(control, &tab);
+}
+
+RelojArena::RelojArena() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+
+RelojArena::~RelojArena() { QApplication::restoreOverrideCursor(); }
+
 void AbrirArchivo(QWidget *ventana, const QString &ruta) {
   Q_UNUSED(ventana);
-  QDesktopServices::openUrl(QUrl::fromLocalFile(RutaNativa(ruta)));
+  AbrirDireccion(QUrl::fromLocalFile(RutaNativa(ruta)));
 }
+
+void AbrirDireccion(const QUrl &direccion) {
+  if (gAbridor)
+    gAbridor(direccion);
+  else
+    QDesktopServices::openUrl(direccion);
+}
+
+void InstalarAbridor(std::function<void(const QUrl &)> abridor) { gAbridor = std::move(abridor); }

@@ -2,7 +2,11 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
+#include <functional>
 
+class QKeyEvent;
+class QUrl;
 class QWidget;
 
 // The common kit of the screens: what every form of the family does alike.
@@ -10,15 +14,53 @@ class QWidget;
 // The family's pale blue (red 210, green 230, blue 245), as a style sheet fragment.
 QString ColorFamilia();
 
-// Swallows the apostrophe with a beep in every text field of a window, present and
-// future: statements are built as text and values between apostrophes aren't escaped.
-class RechazoApostrofe : public QObject {
+// Lets a window see every key typed in any of its controls before the control does, as
+// a form with its key preview on. The handler gets the control that the key was typed
+// in and answers true to swallow the key. A key that a control leaves unhandled and
+// that goes on to the control's parents is not seen a second time.
+class VistaPreviaTeclas : public QObject {
 public:
-  explicit RechazoApostrofe(QWidget *ventana);
+  using Manejador = std::function<bool(QWidget *control, QKeyEvent *tecla)>;
+  VistaPreviaTeclas(QWidget *ventana, Manejador manejador);
 
 protected:
   bool eventFilter(QObject *objeto, QEvent *evento) override;
+
+private:
+  Manejador manejador_;
+};
+
+// Swallows the apostrophe with a beep in every text field of a window, present and
+// future: statements are built as text and values between apostrophes aren't escaped.
+class RechazoApostrofe : public VistaPreviaTeclas {
+public:
+  explicit RechazoApostrofe(QWidget *ventana);
+};
+
+// Enter moves to the next control, as a Tab would, in every control of a window but
+// those named in excepciones (by object name, the control's or one of its parents'),
+// which keep the key.
+class EnterSiguiente : public VistaPreviaTeclas {
+public:
+  explicit EnterSiguiente(QWidget *ventana, QStringList excepciones = {});
+};
+
+// Sends a Tab key to a control: the focus goes on to the next control of its window.
+void EnviarTab(QWidget *control);
+
+// The hourglass pointer for as long as the guard lives.
+class RelojArena {
+public:
+  RelojArena();
+  ~RelojArena();
+  RelojArena(const RelojArena &) = delete;
+  RelojArena &operator=(const RelojArena &) = delete;
 };
 
 // Hands a file to the desktop to open (the help manual, a log); a failure isn't reported.
 void AbrirArchivo(QWidget *ventana, const QString &ruta);
+// Hands an address to the desktop (a file, the maker's site); a failure isn't reported.
+void AbrirDireccion(const QUrl &direccion);
+// What hands addresses on: the desktop until another is installed (tests keep them);
+// an empty one returns to the desktop.
+void InstalarAbridor(std::function<void(const QUrl &)> abridor);

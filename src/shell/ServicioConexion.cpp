@@ -53,6 +53,8 @@ QString Valor::Texto() const {
     return Dinero::DeDouble(v_.toDouble()).Texto();
   if (v_.typeId() == QMetaType::QDate)
     return v_.toDate().toString(QStringLiteral("yyyy-MM-dd"));
+  if (v_.typeId() == QMetaType::QTime)
+    return v_.toTime().toString(QStringLiteral("HH:mm:ss"));
   return v_.toString();
 }
 

@@ -133,6 +133,24 @@ QString ServicioUtil::FechaSQL(const QDate &fecha, int motor) {
   }
 }
 
+QString ServicioUtil::FechaSQL(const QDateTime &momento, int motor) {
+  if (momento.time() == QTime(0, 0))
+    return FechaSQL(momento.date(), motor);
+  const QString hora = momento.time().toString(QStringLiteral("HH:mm:ss"));
+  switch (motor) {
+  case motor::kSqlServer:
+    return QLatin1Char('\'') + momento.date().toString(QStringLiteral("yyyyMMdd")) +
+           QLatin1Char(' ') + hora + QLatin1Char('\'');
+  case motor::kMySql:
+  case motor::kSqlite:
+    return QLatin1Char('\'') + momento.date().toString(QStringLiteral("yyyy-MM-dd")) +
+           QLatin1Char(' ') + hora + QLatin1Char('\'');
+  default:
+    return QLatin1Char('#') + momento.date().toString(QStringLiteral("MM/dd/yyyy")) +
+           QLatin1Char(' ') + hora + QLatin1Char('#');
+  }
+}
+
 QString ServicioUtil::FechaHoraSQL(const QDateTime &fecha, int motor) {
   const QString hora = fecha.time().toString(QStringLiteral("HH:mm:ss"));
   switch (motor) {

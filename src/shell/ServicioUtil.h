@@ -25,6 +25,8 @@ public:
 
   // The date as a complete SQL literal of the engine, delimiters included.
   static QString FechaSQL(const QDate &fecha, int motor);
+  // A moment: the date literal, with the time of day when it isn't midnight.
+  static QString FechaSQL(const QDateTime &momento, int motor);
   // The time of day as a complete SQL literal of the engine.
   static QString FechaHoraSQL(const QDateTime &fecha, int motor);
   // The length function of text columns: LENGTH on MySQL and SQLite, LEN otherwise.

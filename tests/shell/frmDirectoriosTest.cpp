@@ -1,4 +1,5 @@
 #include "shell/frmDirectorios.h"
+#include "Capturas.h"
 #include "shell/Sesion.h"
 
 #include <QApplication>
@@ -16,6 +17,7 @@ TEST(frmDirectorios, AcceptingReturnsTheCurrentFolder) {
   frmDirectorios f;
   f.show();
   EXPECT_EQ(f.CarpetaActual(), QDir::toNativeSeparators(dir.path()));
+  GuardarCaptura(&f, QStringLiteral("frmDirectorios"));
   f.cmdAcepta->click();
   EXPECT_EQ(gRutaDirectorio, QDir::toNativeSeparators(dir.path()));
   EXPECT_EQ(f.result(), QDialog::Accepted);

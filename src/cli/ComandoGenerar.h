@@ -1,0 +1,13 @@
+#pragma once
+
+#include "cli/Comandos.h"
+
+namespace cli {
+
+constexpr int kSalidaBitacoraExiste = 6; // the log exists and --agregar wasn't given
+
+// escribano-cli generar: the generation run over a period, as the generation screen
+// runs it, with the options of the screen given on the command line.
+int Generar(const Argumentos &a, QTextStream &out, QTextStream &err);
+
+} // namespace cli

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "export/FormatoArchivo.h"
+
+#include <QDate>
+#include <QString>
+#include <functional>
+#include <optional>
+
+class Conexion;
+class Registros;
+
+// What the export takes from its screen.
+struct DatosGenerarArchivo {
+  QDate fechaIni;    // dtpFechaIni
+  QDate fechaFin;    // dtpFechaFin
+  QString tipo;      // selected code of cmbFolios; "" for all journal types
+  QString operacion; // selected code of cmbOperaciones; "" for all operations
+  QString concepto;  // selected code of cmbConceptos; "" for all concepts
+  QString archivo;   // the name the file dialog gave
+};
+
+// How a run ended.
+struct ResultadoArchivo {
+  qint64 lineas = 0;     // lines in the file, each ended by CR LF
+  bool completo = false; // false when a failure stopped the run
+  QString falla;         // the failure message shown, when there was one
+};
+
+// Told after every journal line, with the lines written so far.
+using AvanceArchivo = std::function<void(qint64 lineas)>;
+
+// A failure under the run's trap: the runtime's number and description. It stops the
+// run; the file keeps what was written.
+struct FallaArchivo {
+  int numero;
+  QString descripcion;
+};
+
+// The question before writing, which names the file. False when the file exists and
+// the answer is No: the screen then asks for another name. The answer doesn't count
+// for a file that doesn't exist.
+bool ConfirmarArchivo(const QString &archivo);
+
+// Writes the journal lines of the period and filters into the file by the format
+// (read by CargarFormato), shows message 5526, or 5527 when the trap stops the run.
+ResultadoArchivo GenerarArchivo(Conexion &con, FormatoArchivo &formato,
+                                const DatosGenerarArchivo &datos, const AvanceArchivo &avance = {});
+
+// The text for the current journal line of the selection: one or more lines of the
+// file, without the last line end. Throws FallaArchivo.
+QString ArmarRenglon(Conexion &con, FormatoArchivo &formato, const Registros &rs);
+
+// A field fitted to its width when the format has fixed widths.
+QString AjustarCampo(const FormatoArchivo &formato, bool esImporte, QString valor, int longitud,
+                     int alineacion);
+// A finished field: enclosure, value, enclosure, separator.
+QString InsSeparador(const FormatoArchivo &formato, const QString &valor);
+// The account by the levels of the mask. Throws FallaArchivo when nothing is left of it.
+QString FormatearCuenta(const FormatoArchivo &formato, const QString &cuenta);
+// The zeros that a level lacks, when the format fills levels with zeros.
+QString CerosFaltantes(const FormatoArchivo &formato, int nivel, const QString &parte);
+// The date by MascaraFecha.
+QString FormatearFecha(const FormatoArchivo &formato, const QDate &fecha);
+// What stands in the type field: the journal type, or for the package its number
+// ("?" when tblFolios doesn't know the type).
+QString ObtenerTipoPoliza(Conexion &con, const FormatoArchivo &formato, const QString &tipo);
+// The package's reference of a line: the first document of the folio's number, or "?".
+QString ObtenerReferencia(Conexion &con, const QString &folio);
+
+// The source of the concept filter for an operation: the SELECT with its ORDER BY, the
+// code and the description columns. None for an operation without a catalogue.
+struct FuenteConceptos {
+  QString consulta;
+  QString codigo;
+  QString descripcion;
+};
+std::optional<FuenteConceptos> ConsultaConceptos(const QString &operacion);

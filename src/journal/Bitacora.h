@@ -1,0 +1,35 @@
+#pragma once
+
+#include "journal/OpcionesGeneracion.h"
+
+#include <QFile>
+#include <QString>
+#include <memory>
+
+class Conexion;
+struct ConceptoRegla;
+
+// The text log of a run (the "bitácora"): the head with the options chosen, a line for
+// each rule, the messages of posting, and each entry as a table of its lines. It
+// accumulates: a run on an existing file keeps the old text above a line of dashes.
+// Windows-1252 with CR LF.
+class Bitacora {
+public:
+  // gRutaApp + "\TEMP\ResumenPol" + company + "_" + DDMMYYYY of the defined date + ".txt".
+  static QString NombreBitacora(int numEmp, const QDate &fechaDefinida);
+  // Whether the run may use the file: a name is needed (message 5512), and an existing
+  // file is used only when the user answers Yes to adding to it (5500, 5510, 5511).
+  static bool ValidarBitacora(const QString &ruta);
+
+  // Keeps the old text, empties the file and writes the head. A file that can't be
+  // written leaves the run without a log.
+  void AbrirBitacora(Conexion &con, const OpcionesGeneracion &opciones);
+  void EscribirLinea(const QString &linea);
+  // The table of an entry of the rule: heading and one line for each of its lines.
+  void EscribirPoliza(Conexion &con, const QString &folio, const ConceptoRegla &regla);
+  void CerrarBitacora();
+  bool Abierta() const { return archivo_ != nullptr; }
+
+private:
+  std::unique_ptr<QFile> archivo_;
+};

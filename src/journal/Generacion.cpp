@@ -1,0 +1,497 @@
+#include "journal/Generacion.h"
+
+#include "config/Reglas.h"
+#include "journal/Arbol.h"
+#include "journal/Corrida.h"
+#include "journal/Polizas.h"
+#include "shell/CatalogoMensajes.h"
+#include "shell/ServicioConexion.h"
+#include "shell/ServicioUtil.h"
+#include "shell/Sesion.h"
+
+#include <limits>
+
+namespace {
+
+// A folio taken by another station is tried again this many times before the counter
+// is moved on, and given up after the second limit.
+constexpr int kIntentosMismoFolio = 40;
+constexpr int kIntentosMaximos = 70;
+// An insertion that keeps failing on a free folio would loop for ever; after this many
+// failures the run ends instead, leaving the counter as it was.
+constexpr int kFallasInsercion = 1000;
+
+} // namespace
+
+int FolioComoNumero(const QString &folio) {
+  if (folio.isEmpty())
+    return 0;
+  bool ok = false;
+  const qint64 n = folio.toLongLong(&ok);
+  if (!ok || n > std::numeric_limits<int>::max())
+    throw ErrorFatal(
+        QStringLiteral("Desbordamiento: el folio %1 no cabe en un número entero.").arg(folio));
+  return static_cast<int>(n);
+}
+
+Generador::Generador(Corrida &corrida, const OpcionesGeneracion &opciones)
+    : c_(corrida), op_(opciones) {}
+
+QString Generador::Fecha(const QDateTime &f) const { return ServicioUtil::FechaSQL(f, gMotor); }
+
+void Generador::Avisar(int documento) {
+  if (!avance)
+    return;
+  estado_.documento = documento;
+  estado_.documentos = c_.Documentos.Cuenta();
+  avance(estado_);
+}
+
+// ------------------------------------------------------------------ the run
+
+void Generador::LeerConceptos(const ArbolOperaciones &arbol) {
+  c_.LimpiarConceptos();
+  int modulo = 0;
+  QString desModulo;
+  for (const NodoArbol &nodo : arbol.Nodos()) {
+    if (!nodo.marcado)
+      continue;
+    if (nodo.EsModulo()) {
+      modulo = nodo.codigo;
+      desModulo = nodo.texto;
+      continue;
+    }
+    for (const ReglaPosteo &regla : ReglasDeOperacion(*c_.Conexion, nodo.codigo)) {
+      ConceptoRegla concepto;
+      concepto.Modulo = modulo;
+      concepto.DesModulo = desModulo;
+      concepto.CodOper = nodo.codigo;
+      concepto.DesOperacion = TextoFijo(nodo.texto, 40);
+      concepto.GeneraCon = GeneraConcepto(*c_.Conexion, nodo.codigo);
+      concepto.CodPol = regla.COD_POL;
+      concepto.Concepto = regla.CONCEPTO;
+      concepto.DesConcepto =
+          DescripcionRegla(*c_.Conexion, nodo.codigo, concepto.GeneraCon, regla.CONCEPTO);
+      concepto.TipPoliza = regla.TIP_POLIZA;
+      concepto.Frec = regla.FREC;
+      c_.AgregarConcepto(concepto);
+    }
+  }
+}
+
+ResultadoGeneracion Generador::GenerarPolizas(const ArbolOperaciones &arbol) {
+  ResultadoGeneracion resultado;
+  c_.FechaInicial = op_.Del;
+  c_.FechaFinal = op_.Al;
+  LeerConceptos(arbol);
+  if (c_.NumConceptos == 0)
+    return resultado;
+  if (!Bitacora::ValidarBitacora(op_.Resumen))
+    return resultado;
+  resultado.corrio = true;
+  resultado.bitacora = op_.Resumen;
+  c_.HuboPolizas = false;
+  polizas_ = 0;
+  bitacora_.AbrirBitacora(*c_.Conexion, op_);
+  estado_.reglas = c_.NumConceptos;
+  for (int i = 1; i <= c_.NumConceptos; ++i) {
+    c_.ConceptoActual = i;
+    CargarReglas(c_);
+    const ConceptoRegla &regla = c_.Concepto();
+    estado_.regla = i;
+    estado_.descripcion =
+        regla.DesOperacion.trimmed() + QLatin1Char(' ') + regla.DesConcepto.trimmed();
+    Avisar(0);
+    bitacora_.EscribirLinea(regla.DesOperacion + QLatin1Char(' ') + regla.DesConcepto);
+    if (regla.CodOper >= 24 && regla.CodOper <= 28 && VerificarBancos(c_, c_.NumReglas))
+      continue;
+    ProcesarConcepto(c_.NumReglas);
+  }
+  bitacora_.CerrarBitacora();
+  c_.Referencia.reset();
+  resultado.hubo = c_.HuboPolizas;
+  resultado.polizas = polizas_;
+  if (c_.HuboPolizas)
+    CatalogoMensajes::Mostrar(108, {}, IconoMensaje::Informacion);
+  else
+    CatalogoMensajes::Mostrar(5508, {}, IconoMensaje::Advertencia);
+  return resultado;
+}
+
+void Generador::ProcesarConcepto(int n) {
+  LeerDocumentos(c_);
+  bool hubo = false;
+  switch (c_.Concepto().Frec) {
+  case frec::kPorDocumento:
+    hubo = PostearPorDocumento(n);
+    break;
+  case frec::kPorDia:
+    hubo = PostearPorDia(n);
+    break;
+  default:
+    break;
+  }
+  if (!c_.HuboPolizas)
+    c_.HuboPolizas = hubo;
+}
+
+// ------------------------------------------------------------------ posting
+
+bool Generador::PostearPorDocumento(int n) {
+  const ConceptoRegla &regla = c_.Concepto();
+  QString folio; // an entry being redone; kept from document to document
+  bool hubo = false;
+  int hechos = 0;
+  if (!c_.Documentos.Vacio())
+    c_.Documentos.Primero();
+  for (; !c_.Documentos.Fin(); c_.Documentos.Siguiente()) {
+    Documento &doc = c_.Documentos.Actual();
+    Avisar(++hechos);
+    c_.ImporteAntDebe = Dinero();
+    c_.ImporteAntHaber = Dinero();
+    CrearRenglones(c_);
+    if (doc.ESTA_CONTAB) {
+      if (doc.FRECU_CONTAB != frec::kPorDocumento) {
+        bitacora_.EscribirLinea(doc.FOLIO_DOC +
+                                QStringLiteral(" ya está contabilizado en la póliza ") +
+                                regla.TipPoliza + folio + QStringLiteral(" y la frecuencia"));
+        bitacora_.EscribirLinea(QStringLiteral(
+            "no coincide. Cancele o elimine la póliza anterior para poder procesar."));
+        continue;
+      }
+      if (!op_.Actualizar)
+        continue;
+      c_.FechaAnterior = doc.FECHA_CONTAB;
+      folio = doc.FOLIO_POLIZA;
+      c_.ImporteAntDebe = Round2(doc.SUMADEBE_ANT);
+      c_.ImporteAntHaber = Round2(doc.SUMAHABER_ANT);
+      c_.Conexion->Ejecutar(
+          QStringLiteral("DELETE FROM tblPolizasRen WHERE FOL_POLIZA='%1' AND TIP_POLIZA='%2';")
+              .arg(folio, regla.TipPoliza));
+      bitacora_.EscribirLinea(regla.TipPoliza + folio +
+                              QStringLiteral(" ya estaba contabilizada. Se actualizó"));
+    }
+    c_.FolioDocumento = doc.FOLIO_DOC;
+    c_.FechaDocumento = doc.FECHA_DOCTO;
+    c_.SumaDebe = Dinero();
+    c_.SumaHaber = Dinero();
+    ParImportes par;
+    for (int i = 1; i <= n; ++i) {
+      const RenglonRegla &r = c_.Regla(i);
+      const Dinero importe = r.CampoEstBd > 0 ? ValorDeCampo(c_, i, c_.FolioDocumento)
+                                              : ResolverDato(c_, i, c_.FolioDocumento);
+      par.Debe = r.TieneDebe ? Round2(importe) : Dinero();
+      par.Haber = r.TieneHaber ? Round2(importe) : Dinero();
+      // The amount goes unrounded: a line of 0 stands for an amount below half a cent.
+      AgregarRenglon(c_, importe, i, par);
+      c_.SumaDebe = Round2(c_.SumaDebe + par.Debe);
+      c_.SumaHaber = Round2(c_.SumaHaber + par.Haber);
+    }
+    CuadrarPoliza(c_, n, par);
+    doc.CONTABILIZADO = true;
+    QDateTime fecha = c_.FechaDocumento;
+    GrabarPoliza(fecha);
+    hubo = true;
+  }
+  return hubo;
+}
+
+bool Generador::PostearPorDia(int n) {
+  const ConceptoRegla &regla = c_.Concepto();
+  QDateTime fechaActual = QDateTime(op_.Del.addDays(-1), QTime(0, 0));
+  QString literal;
+  QString folio;
+  bool hayPoliza = false;
+  int hechos = 0;
+  if (!c_.Documentos.Vacio())
+    c_.Documentos.Primero();
+  while (!c_.Documentos.Fin()) {
+    Documento &doc = c_.Documentos.Actual();
+    Avisar(++hechos);
+    c_.FolioDocumento = doc.FOLIO_DOC;
+    c_.FechaDocumento = doc.FECHA_DOCTO;
+    bool publicar = false;
+    if (doc.FECHA_DOCTO > fechaActual) {
+      // A new day: the first document decides for all of it.
+      if (hayPoliza)
+        bitacora_.EscribirPoliza(*c_.Conexion, folio, regla);
+      CrearRenglones(c_);
+      c_.SumaDebe = Dinero();
+      c_.SumaHaber = Dinero();
+      // The earlier amounts aren't reset: a redo carries them into the following days.
+      fechaActual = doc.FECHA_DOCTO;
+      literal = Fecha(fechaActual);
+      if (!doc.ESTA_CONTAB) {
+        publicar = true;
+      } else if (doc.FRECU_CONTAB == frec::kPorDia && op_.Actualizar) {
+        c_.FechaAnterior = doc.FECHA_CONTAB;
+        folio = doc.FOLIO_POLIZA;
+        c_.ImporteAntDebe = Round2(doc.SUMADEBE_ANT);
+        c_.ImporteAntHaber = Round2(doc.SUMAHABER_ANT);
+        c_.Conexion->Ejecutar(
+            QStringLiteral("DELETE FROM tblPolizasRen WHERE FOL_POLIZA='%1' AND TIP_POLIZA='%2';")
+                .arg(folio, regla.TipPoliza));
+        bitacora_.EscribirLinea(folio + QStringLiteral(" ya estaba contabilizada. Se actualizó"));
+        publicar = true;
+      } else if (doc.FRECU_CONTAB == frec::kPorDia) {
+        // Skip the day: on to the first document of a later day.
+        while (!c_.Documentos.Fin() && c_.Documentos.Actual().FECHA_DOCTO <= fechaActual)
+          c_.Documentos.Siguiente();
+        if (c_.Documentos.Fin())
+          return false; // without the last entry's log, whatever was posted before
+        continue;
+      } else {
+        folio = doc.FOLIO_POLIZA;
+        bitacora_.EscribirLinea(doc.FOLIO_DOC +
+                                QStringLiteral(" ya está contabilizado en la póliza ") + folio +
+                                QStringLiteral(" y la frecuencia"));
+        bitacora_.EscribirLinea(QStringLiteral("no coincide. No se incluyó en la póliza diaria."));
+        c_.Documentos.Siguiente();
+        continue;
+      }
+    }
+    if (publicar) {
+      ParImportes par;
+      for (int i = 1; i <= n; ++i) {
+        const RenglonRegla &r = c_.Regla(i);
+        Dinero importe =
+            r.CampoEstBd > 0 ? ValorDeCampo(c_, i, literal) : ResolverDato(c_, i, literal);
+        importe = Round2(importe); // by day the amount is rounded before anything else
+        par.Debe = r.TieneDebe ? importe : Dinero();
+        par.Haber = r.TieneHaber ? importe : Dinero();
+        AgregarRenglon(c_, importe, i, par);
+        if (r.TieneDebe)
+          c_.SumaDebe = Round2(c_.SumaDebe + importe);
+        if (r.TieneHaber)
+          c_.SumaHaber = Round2(c_.SumaHaber + importe);
+      }
+      CuadrarPoliza(c_, n, par);
+      QDateTime fecha = c_.FechaDocumento;
+      folio = GrabarPoliza(fecha);
+      hayPoliza = true;
+    }
+    // Tie the document to the day's entry.
+    Documento &actual = c_.Documentos.Actual();
+    actual.CONTABILIZADO = true;
+    if (hayPoliza)
+      GrabarMovimiento(folio, op_.DefinirFecha ? QDateTime(op_.FechaDefinida, QTime(0, 0))
+                                               : c_.FechaDocumento);
+    c_.Documentos.Siguiente();
+  }
+  if (hayPoliza)
+    bitacora_.EscribirPoliza(*c_.Conexion, folio, regla);
+  return hayPoliza;
+}
+
+// ------------------------------------------------------------------ persistence
+
+QString Generador::SiguienteFolio(int concepto) {
+  const QString tipo = c_.Conceptos[static_cast<std::size_t>(concepto)].TipPoliza;
+  Registros r =
+      c_.Conexion->Abrir(QStringLiteral("SELECT * FROM tblFolios WHERE COD_FOLIO='%1';").arg(tipo));
+  if (r.Vacio())
+    return {};
+  const QString actual = r.Campo(QStringLiteral("FOL_FOLIOS")).Texto().trimmed();
+  bool ok = false;
+  const qint64 numero = actual.isEmpty() ? 0 : actual.toLongLong(&ok);
+  if (!actual.isEmpty() && !ok)
+    throw ErrorFatal(QStringLiteral("No coinciden los tipos: el folio «%1» del tipo %2 no es un "
+                                    "número.")
+                         .arg(actual, tipo),
+                     QStringLiteral("SELECT * FROM tblFolios WHERE COD_FOLIO='%1';").arg(tipo));
+  return FormatoFolio(numero + 1);
+}
+
+QString Generador::GrabarPoliza(QDateTime &fecha) {
+  const ConceptoRegla &regla = c_.Concepto();
+  Conexion &con = *c_.Conexion;
+  if (op_.DefinirFecha)
+    fecha = QDateTime(op_.FechaDefinida, QTime(0, 0));
+  const Documento &doc = c_.Documentos.Actual();
+  const QString existe = QStringLiteral(
+      "SELECT FOL_POLIZA FROM tblPolizasEnc WHERE FOL_POLIZA='%1' AND TIP_POLIZA='%2';");
+  Poliza p;
+  p.FEC_POLIZA = fecha.date();
+  p.TIP_POLIZA = regla.TipPoliza;
+  p.COD_OPER = regla.CodOper;
+  p.IMPANT_DEBE = c_.ImporteAntDebe;
+  p.IMPANT_HABER = c_.ImporteAntHaber;
+  p.SUM_DEBE = c_.SumaDebe;
+  p.SUM_HABER = c_.SumaHaber;
+  QString folio;
+  if (!doc.ESTA_CONTAB) {
+    p.FEC_ANTERIOR = fecha.date();
+    folio = SiguienteFolio(c_.ConceptoActual);
+    int afectados = 0;
+    int fallas = 0;
+    for (int intentos = 1; afectados == 0; ++intentos) {
+      const bool libre = con.Abrir(existe.arg(folio, regla.TipPoliza)).Vacio();
+      if (libre) {
+        p.FOL_POLIZA = folio;
+        p.CONCEP_POL = regla.DesConcepto.trimmed();
+        p.ESTATUS = 1;
+        const QString sql = SentenciaInsertarPoliza(p, gMotor);
+        if (!con.IntentarEjecutar(sql, &afectados) && ++fallas >= kFallasInsercion)
+          throw ErrorFatal(QStringLiteral("La póliza %1%2 no pudo insertarse después de %3 "
+                                          "intentos; el consecutivo de folios no se tocó.")
+                               .arg(regla.TipPoliza, folio)
+                               .arg(kFallasInsercion),
+                           sql);
+        continue;
+      }
+      // Taken: give the station that holds the counter time to finish, then go on
+      // one number a try.
+      if (intentos <= kIntentosMismoFolio)
+        continue;
+      con.Ejecutar(QStringLiteral("UPDATE tblFolios SET FOL_FOLIOS='%1' WHERE COD_FOLIO='%2';")
+                       .arg(folio, regla.TipPoliza));
+      folio = SiguienteFolio(c_.ConceptoActual);
+      if (intentos > kIntentosMaximos) {
+        bitacora_.EscribirLinea(
+            QStringLiteral("No fue posible agregar póliza de tipo ") +
+            NombreTipoPoliza(regla.TipPoliza) +
+            QStringLiteral(" debido a un problema en el consecutivo de folios"));
+        return {};
+      }
+    }
+    con.Ejecutar(QStringLiteral("UPDATE tblFolios SET FOL_FOLIOS='%1' WHERE COD_FOLIO='%2';")
+                     .arg(folio, regla.TipPoliza));
+  } else {
+    folio = doc.FOLIO_POLIZA;
+    p.FEC_ANTERIOR = c_.FechaAnterior.date();
+    if (!con.Abrir(existe.arg(folio, regla.TipPoliza)).Vacio()) {
+      con.Ejecutar(QStringLiteral("UPDATE tblPolizasEnc SET FEC_POLIZA=%1,FEC_ANTERIOR=%2,"
+                                  "IMPANT_DEBE=%3,IMPANT_HABER=%4,SUM_DEBE=%5,SUM_HABER=%6 WHERE "
+                                  "FOL_POLIZA='%7' AND TIP_POLIZA='%8';")
+                       .arg(ServicioUtil::FechaSQL(p.FEC_POLIZA, gMotor),
+                            ServicioUtil::FechaSQL(p.FEC_ANTERIOR, gMotor), p.IMPANT_DEBE.Texto(),
+                            p.IMPANT_HABER.Texto(), p.SUM_DEBE.Texto(), p.SUM_HABER.Texto(), folio,
+                            regla.TipPoliza));
+    } else {
+      // The entry vanished while its document still names it: it is made again.
+      p.FOL_POLIZA = folio;
+      p.CONCEP_POL = regla.DesConcepto.trimmed();
+      p.ESTATUS = -1;
+      con.Ejecutar(SentenciaInsertarPoliza(p, gMotor));
+    }
+  }
+  ++polizas_;
+  GrabarRenglones(folio);
+  GrabarBitacora(folio, fecha);
+  if (regla.Frec == frec::kPorDocumento) {
+    GrabarMovimiento(folio, fecha);
+    bitacora_.EscribirPoliza(con, folio, regla);
+  }
+  return folio;
+}
+
+void Generador::GrabarRenglones(const QString &folio) {
+  const QString tipo = c_.Concepto().TipPoliza;
+  for (const RenglonEnTrabajo &r : c_.Renglones.Filas()) {
+    if (!r.RUBRO_DEBE.isEmpty())
+      c_.Conexion->Ejecutar(SentenciaRenglonDebe(folio, tipo, static_cast<int>(r.COD_DATO),
+                                                 r.RUBRO_DEBE, r.CUENTA_DEBE, r.IMP_DEBE));
+    if (!r.RUBRO_HABER.isEmpty())
+      c_.Conexion->Ejecutar(SentenciaRenglonHaber(folio, tipo, static_cast<int>(r.COD_DATO),
+                                                  r.RUBRO_HABER, r.CUENTA_HABER, r.IMP_HABER));
+  }
+}
+
+void Generador::GrabarBitacora(const QString &folio, const QDateTime &fecha) {
+  const ConceptoRegla &regla = c_.Concepto();
+  Conexion &con = *c_.Conexion;
+  const QString donde = QStringLiteral("MODULO=%1 AND COD_OPER=%2 AND COD_CONCEP='%3' AND "
+                                       "FOL_POLIZA='%4';")
+                            .arg(regla.Modulo)
+                            .arg(regla.CodOper)
+                            .arg(regla.Concepto, folio);
+  const QString hoy = ServicioUtil::FechaSQL(Hoy(), gMotor);
+  const QString ahora = ServicioUtil::FechaHoraSQL(Ahora(), gMotor);
+  if (!con.Abrir(QStringLiteral("SELECT COD_OPER FROM tblBitacoraPolizas WHERE ") + donde)
+           .Vacio()) {
+    con.Ejecutar(
+        QStringLiteral("UPDATE tblBitacoraPolizas SET FEC_MOVIM=%1,FEC_GENERA=%2,"
+                       "HR_GENERA=%3,SUMA_DEBE=%4,SUMA_HABER=%5,USU_ACTUALIZO='%6' WHERE ")
+            .arg(Fecha(fecha), hoy, ahora, c_.SumaDebe.Texto(), c_.SumaHaber.Texto(), gCodUsu) +
+        donde);
+    return;
+  }
+  // The log table is no reason to stop: a failed insertion is dropped.
+  con.IntentarEjecutar(
+      QStringLiteral("INSERT INTO tblBitacoraPolizas (MODULO,COD_OPER,COD_CONCEP,FEC_MOVIM,"
+                     "FOL_POLIZA,TIP_POLIZA,FEC_GENERA,HR_GENERA,SUMA_DEBE,SUMA_HABER,USU_GENERA,"
+                     "USU_ACTUALIZO,IMPRESA,ESTATUS) VALUES (%1,%2,'%3',%4,'%5','%6',%7,%8,%9,%10,"
+                     "'%11','', 0, 0)")
+          .arg(regla.Modulo)
+          .arg(regla.CodOper)
+          .arg(regla.Concepto, Fecha(fecha), folio, regla.TipPoliza, hoy, ahora,
+               c_.SumaDebe.Texto(), c_.SumaHaber.Texto(), gCodUsu));
+}
+
+void Generador::GrabarMovimiento(const QString &folio, const QDateTime &fecha) {
+  if (!c_.Documentos.HayActual())
+    return;
+  const Documento &d = c_.Documentos.Actual();
+  if (!d.CONTABILIZADO)
+    return;
+  const ConceptoRegla &regla = c_.Concepto();
+  Conexion &con = *c_.Conexion;
+  const QString doc = d.FOLIO_DOC;
+  const QString fmov = Fecha(d.FECHA_DOCTO);
+  const QString fcon = Fecha(fecha);
+  const QString donde = QStringLiteral("FOLIO_MOV='%1' AND CONCEPTO='%2' AND MODULO=%3 AND "
+                                       "FECHA_MOV=%4 AND COD_OPER=%5;")
+                            .arg(doc, regla.Concepto)
+                            .arg(regla.Modulo)
+                            .arg(fmov)
+                            .arg(regla.CodOper);
+  if (!con.Abrir(QStringLiteral("SELECT * FROM tblMovimxPoliza WHERE FOLIO_POLIZA='%1' AND ")
+                     .arg(folio) +
+                 donde)
+           .Vacio()) {
+    con.Ejecutar(QStringLiteral("UPDATE tblMovimxPoliza SET FOLIO_POLIZA='%1',FREC=%2,FECHA_CON=%3 "
+                                "WHERE ")
+                     .arg(folio)
+                     .arg(regla.Frec)
+                     .arg(fcon) +
+                 donde);
+  } else {
+    con.Ejecutar(QStringLiteral("INSERT INTO tblMovimxPoliza (FOLIO_MOV,CONCEPTO,MODULO,FOLIO_POL,"
+                                "FOLIO_POLIZA,FREC,FECHA_CON,FECHA_MOV,COD_OPER) VALUES "
+                                "('%1','%2',%3,%4,'%5',%6,%7,%8,%9)")
+                     .arg(doc, regla.Concepto)
+                     .arg(regla.Modulo)
+                     .arg(FolioComoNumero(folio))
+                     .arg(folio)
+                     .arg(regla.Frec)
+                     .arg(fcon, fmov)
+                     .arg(regla.CodOper));
+  }
+  // The stamp for the sibling modules.
+  const OperacionFuente &fuente = c_.OperacionActual();
+  QString f = fuente.FiltroConcepto;
+  if (!f.right(5).contains(QStringLiteral("AND")))
+    f += QStringLiteral(" AND");
+  QString sello;
+  switch (regla.CodOper) {
+  case 6:
+  case 7:
+  case 20:
+  case 21:
+    sello = QStringLiteral("UPDATE %1 SET CONTAB=1 WHERE %2 (COD_CON='%3') AND %4='%5'")
+                .arg(fuente.TablaEnc, f, regla.Concepto, fuente.CampoClave, doc);
+    break;
+  case 10:
+  case 11:
+    sello = QStringLiteral("UPDATE %1 SET CONTAB=1 WHERE %2 (CON_CEP='%3') AND %4='%5'")
+                .arg(fuente.TablaEnc, f, regla.Concepto, fuente.CampoClave, doc);
+    break;
+  case 19:
+    break; // no statement: the empty text is sent and refused
+  default:
+    sello = QStringLiteral("UPDATE %1 SET CONTAB=1 WHERE %2 %3='%4'")
+                .arg(fuente.TablaEnc, f, fuente.CampoClave, doc);
+    break;
+  }
+  con.Ejecutar(sello);
+}

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "journal/Bitacora.h"
+#include "journal/OpcionesGeneracion.h"
+
+#include <QDateTime>
+#include <QString>
+#include <functional>
+
+struct Corrida;
+class ArbolOperaciones;
+
+// How far a run has got: the rule in work of how many, and documents done of it.
+struct AvanceGeneracion {
+  int regla = 0;
+  int reglas = 0;
+  int documento = 0;
+  int documentos = 0;
+  QString descripcion;
+};
+
+// What the run tells its caller at the end.
+struct ResultadoGeneracion {
+  bool corrio = false; // false when nothing was checked or the log was refused
+  bool hubo = false;   // an entry was written (message 108), else 5508
+  int polizas = 0;     // entries written or redone in this run
+  QString bitacora;    // the log file used
+};
+
+// The generation run: turns the documents of a period into journal entries by the
+// rules of the checked operations. It works on the run's state (Corrida) with the
+// options the screen gives, and writes the log as it goes.
+class Generador {
+public:
+  Generador(Corrida &corrida, const OpcionesGeneracion &opciones);
+
+  // Called after each document or day, and at the start of each rule.
+  std::function<void(const AvanceGeneracion &)> avance;
+
+  // The whole run: rules of the checked operations, log, every rule, end message.
+  ResultadoGeneracion GenerarPolizas(const ArbolOperaciones &arbol);
+  // Gathers the rules of the checked operations into Conceptos.
+  void LeerConceptos(const ArbolOperaciones &arbol);
+  // One rule: its documents, then posting by its frequency.
+  void ProcesarConcepto(int n);
+
+  bool PostearPorDocumento(int n);
+  bool PostearPorDia(int n);
+
+  // The next folio of the rule's journal type; empty when the type has no row.
+  QString SiguienteFolio(int concepto);
+  // Header, then lines, log row and, by document, record and log of the entry. The
+  // date may change to the defined date. Returns the folio, empty on failure.
+  QString GrabarPoliza(QDateTime &fecha);
+  void GrabarRenglones(const QString &folio);
+  void GrabarBitacora(const QString &folio, const QDateTime &fecha);
+  void GrabarMovimiento(const QString &folio, const QDateTime &fecha);
+
+  Bitacora &Log() { return bitacora_; }
+
+private:
+  QString Fecha(const QDateTime &f) const;
+  void Avisar(int documento);
+
+  Corrida &c_;
+  OpcionesGeneracion op_;
+  Bitacora bitacora_;
+  AvanceGeneracion estado_;
+  int polizas_ = 0;
+};
+
+// The whole number that tblMovimxPoliza keeps of a folio: 0 for an empty one; beyond a
+// 32-bit integer the conversion fails and ends the process.
+int FolioComoNumero(const QString &folio);

@@ -1,0 +1,86 @@
+#include "shell/PantallaBarra.h"
+
+#include "shell/Pantallas.h"
+#include "shell/Sesion.h"
+
+#include <QAction>
+#include <QKeyEvent>
+#include <QStyle>
+#include <array>
+
+namespace {
+
+struct TeclaBoton {
+  const char *clave;
+  Qt::Key tecla;
+  QStyle::StandardPixmap imagen;
+};
+
+constexpr std::array<TeclaBoton, 6> kTeclas = {{
+    {"NVO", Qt::Key_F2, QStyle::SP_FileIcon},
+    {"BUS", Qt::Key_F6, QStyle::SP_FileDialogContentsView},
+    {"GRB", Qt::Key_F10, QStyle::SP_DialogSaveButton},
+    {"BOR", Qt::Key_F3, QStyle::SP_TrashIcon},
+    {"AYU", Qt::Key_F1, QStyle::SP_DialogHelpButton},
+    {"SAL", Qt::Key_Escape, QStyle::SP_DialogCloseButton},
+}};
+
+const TeclaBoton *Buscar(const QString &clave) {
+  for (const TeclaBoton &t : kTeclas) {
+    if (clave == QLatin1String(t.clave))
+      return &t;
+  }
+  return nullptr;
+}
+
+} // namespace
+
+BarraPantalla::BarraPantalla(QWidget *ventana, const std::vector<BotonBarra> &botones)
+    : QToolBar(ventana) {
+  setObjectName(QStringLiteral("tlbCatalogo"));
+  setMovable(false);
+  setFloatable(false);
+  setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
+  for (const BotonBarra &b : botones) {
+    QAction *a = addAction(b.leyenda);
+    a->setObjectName(b.clave);
+    a->setToolTip(b.tip);
+    if (const TeclaBoton *t = Buscar(b.clave))
+      a->setIcon(style()->standardIcon(t->imagen));
+    std::function<void()> accion = b.accion;
+    if (!accion && b.clave == QLatin1String("AYU"))
+      accion = [ventana] { AbrirArchivo(ventana, gRutaAyuda); };
+    if (!accion && b.clave == QLatin1String("SAL"))
+      accion = [ventana] { ventana->close(); };
+    Q_ASSERT(accion);
+    connect(a, &QAction::triggered, this, [accion] { accion(); });
+  }
+  new VistaPreviaTeclas(ventana, [this](QWidget *, QKeyEvent *tecla) {
+    for (QAction *a : actions()) {
+      if (tecla->key() == TeclaDe(a->objectName()) && tecla->modifiers() == Qt::NoModifier)
+        return Pulsar(a->objectName());
+    }
+    return false;
+  });
+}
+
+QAction *BarraPantalla::Accion(const QString &clave) const {
+  for (QAction *a : actions()) {
+    if (a->objectName() == clave)
+      return a;
+  }
+  return nullptr;
+}
+
+bool BarraPantalla::Pulsar(const QString &clave) {
+  QAction *a = Accion(clave);
+  if (!a || !a->isEnabled() || !isEnabled())
+    return false;
+  a->trigger();
+  return true;
+}
+
+int BarraPantalla::TeclaDe(const QString &clave) {
+  const TeclaBoton *t = Buscar(clave);
+  return t ? t->tecla : 0;
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QDialog>
+#include <QString>
+#include <vector>
+
+class QLineEdit;
+class QPushButton;
+
+// The on-screen keyboard of touch stations: letters, digits, the accented letters of
+// Spanish in both cases, space and backspace. It returns the text typed.
+class frmTeclado : public QDialog {
+public:
+  explicit frmTeclado(QWidget *padre = nullptr);
+
+  // Shows the keyboard modally at the horizontal position x (pixels) and returns the
+  // text typed, or the empty text when it was cancelled.
+  static QString Pedir(QWidget *padre, int x);
+
+  QString Texto() const;
+
+  QLineEdit *txtTexto;
+  QPushButton *cmdMayusculas;
+  QPushButton *cmdEspacio;
+  QPushButton *cmdBorrar;
+  QPushButton *cmdAceptar;
+  QPushButton *cmdCancelar;
+
+  // The button that types a character, as it reads now ("a" or "A"); nullptr if none.
+  QPushButton *Tecla(const QString &caracter) const;
+
+private:
+  void Escribir(const QString &texto);
+  void CambiarMayusculas();
+  std::vector<QPushButton *> letras_;
+};

@@ -1,0 +1,65 @@
+#include "shell/CatalogoMensajes.h"
+#include "shell/ErrorFatal.h"
+#include "shell/PantallaDialogo.h"
+#include "shell/Pantallas.h"
+#include "shell/Sesion.h"
+#include "shell/frmEntrada.h"
+#include "shell/mdiMnuPri.h"
+
+#include <QApplication>
+#include <cstdlib>
+
+namespace {
+
+constexpr int kSalidaFatal = 2;
+
+// A failure that ends the process: shown with the statement that failed, and the
+// process ends at once. What was written stays written.
+[[noreturn]] void Terminar(const ErrorFatal &error) {
+  CatalogoMensajes::Caja(error.TextoCompleto(), CatalogoMensajes::Texto(100),
+                         IconoMensaje::Critico);
+  std::_Exit(kSalidaFatal);
+}
+
+// Failures inside the event handlers of the screens reach the application here.
+class Aplicacion : public QApplication {
+public:
+  using QApplication::QApplication;
+  bool notify(QObject *receptor, QEvent *evento) override {
+    try {
+      return QApplication::notify(receptor, evento);
+    } catch (const ErrorFatal &error) {
+      Terminar(error);
+    }
+  }
+};
+
+} // namespace
+
+int main(int argc, char **argv) {
+  Aplicacion app(argc, argv);
+  QApplication::setApplicationName(CatalogoMensajes::Texto(100));
+  QApplication::setApplicationVersion(QLatin1String(kVersionPrograma));
+  PresentadorDialogo presentador;
+  CatalogoMensajes::Instalar(&presentador);
+  try {
+    IniciarRutas(QCoreApplication::applicationDirPath());
+    {
+      frmEntrada entrada;
+      if (!entrada.Cargar())
+        return EXIT_FAILURE;
+      if (entrada.exec() != QDialog::Accepted)
+        return EXIT_SUCCESS;
+    }
+    mdiMnuPri principal;
+    {
+      RelojArena reloj;
+      IniciarAyuda();
+      principal.Cargar();
+      principal.showMaximized();
+    }
+    return app.exec();
+  } catch (const ErrorFatal &error) {
+    Terminar(error);
+  }
+}

@@ -1,0 +1,183 @@
+#include "shell/mdiMnuPri.h"
+
+#include "shell/CatalogoMensajes.h"
+#include "shell/ErrorFatal.h"
+#include "shell/PantallaBarra.h"
+#include "shell/Pantallas.h"
+#include "shell/ServicioConexion.h"
+#include "shell/ServicioUtil.h"
+#include "shell/Sesion.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDialog>
+#include <QLabel>
+#include <QMenuBar>
+#include <QStatusBar>
+
+namespace {
+
+struct ItemMenu {
+  const char *menu;    // object name of the menu
+  const char *titulo;  // its caption
+  const char *nombre;  // object name of the item
+  const char *leyenda; // its caption
+};
+
+// The menus in their order. Each item shows its screen: frmUtiEmpresas, then
+// frmGenerarPolizas, frmGenerarArchivo, frmConsultaPolizas, frmEliminarPolizas, then
+// frmDefinirAsientos, frmFormato1, frmDiarios, frmCatalogo; "Salir" leaves.
+constexpr ItemMenu kMenus[] = {
+    {"mnuArchivo", "Archivo", "mnuAbrirEmpresa", "Abrir empresa"},
+    {"mnuArchivo", "Archivo", "mnuSalir", "Salir"},
+    {"mnuProcesos", "Procesos", "mnuGenPolizas", "Generar Pólizas"},
+    {"mnuProcesos", "Procesos", "mnuGenArchPolizas", "Generar archivo de Pólizas"},
+    {"mnuProcesos", "Procesos", "mnuConsPolizas", "Consultar Pólizas"},
+    {"mnuProcesos", "Procesos", "mnuEliPolizas", "Eliminar Pólizas"},
+    {"mnuDefinicion", "Definición", "mnuDefAsientos", "Definir Asientos"},
+    {"mnuDefinicion", "Definición", "mnuDefFormato", "Definir Formato"},
+    {"mnuDefinicion", "Definición", "mnuDiarios", "Diarios"},
+    {"mnuDefinicion", "Definición", "mnuCatalogo", "Catálogo"},
+};
+
+ConexionPtr AbrirEmpresa() {
+  ServicioConexion servicio;
+  servicio.Motor = gMotor;
+  return servicio.AbrirConexion(gConexion);
+}
+
+} // namespace
+
+mdiMnuPri::mdiMnuPri(QWidget *padre) : QMainWindow(padre) {
+  setObjectName(QStringLiteral("mdiMnuPri"));
+  QMenu *menu = nullptr;
+  for (const ItemMenu &item : kMenus) {
+    if (!menu || menu->objectName() != QLatin1String(item.menu)) {
+      menu = menuBar()->addMenu(QString::fromUtf8(item.titulo));
+      menu->setObjectName(QLatin1String(item.menu));
+    }
+    QAction *a = menu->addAction(QString::fromUtf8(item.leyenda));
+    a->setObjectName(QLatin1String(item.nombre));
+    a->setEnabled(false);
+  }
+  QAction *salir = Menu(QStringLiteral("mnuSalir"));
+  salir->setEnabled(true);
+  connect(salir, &QAction::triggered, this, &QWidget::close);
+
+  tlbDatos = new BarraPantalla(this, {{QStringLiteral("AYU"), QString(), QStringLiteral("Ayuda")},
+                                      {QStringLiteral("SAL"), QString(), QStringLiteral("Salir")}});
+  tlbDatos->setObjectName(QStringLiteral("tlbDatos"));
+  tlbDatos->setToolButtonStyle(Qt::ToolButtonIconOnly);
+  addToolBar(tlbDatos);
+
+  for (int i = 0; i < 6; ++i) {
+    paneles_[i] = new QLabel(this);
+    paneles_[i]->setObjectName(QStringLiteral("stsBar%1").arg(i + 1));
+    paneles_[i]->setMargin(2);
+    statusBar()->addWidget(paneles_[i], i == 0 ? 1 : 0);
+  }
+  Panel(2)->setText(Hoy().toString(QStringLiteral("dd/MM/yyyy")));
+
+  auto *fondo = new QLabel(CatalogoMensajes::Texto(100), this);
+  fondo->setAlignment(Qt::AlignCenter);
+  fondo->setStyleSheet(
+      QStringLiteral("background-color: %1; color: rgb(150, 170, 190); font-size: 40px; "
+                     "font-weight: bold;")
+          .arg(ColorFamilia()));
+  setCentralWidget(fondo);
+  resize(900, 600);
+}
+
+void mdiMnuPri::Cargar() {
+  setWindowTitle(QStringLiteral("Escribano v.") + QLatin1String(kVersionPrograma));
+  MostrarUsuario();
+  ConexionPtr con = AbrirEmpresa();
+  MostrarNombreEmpresa(*con);
+  VerificarClavesDuplicadas(*con);
+  VerificarConfiguracionCFDI(*con, gModulo);
+}
+
+// Every item of this program is open to every user who logged in: no menu rights apply.
+void mdiMnuPri::MostrarUsuario() {
+  Panel(4)->setText(gCodUsu.trimmed());
+  if (gConexion.isEmpty())
+    return;
+  ConexionPtr con = AbrirEmpresa();
+  con->Ejecutar(
+      QStringLiteral("UPDATE tblUsuarios SET ESTATUS=2 WHERE COD_USU='%1';").arg(gCodUsu));
+  Registros r = con->Abrir(
+      QStringLiteral("SELECT NOM_USU,TIP_USU FROM tblUsuarios WHERE COD_USU='%1';").arg(gCodUsu));
+  if (!r.Vacio())
+    Panel(4)->setText(r.Campo(QStringLiteral("NOM_USU")).Texto().trimmed());
+}
+
+void mdiMnuPri::MostrarEmpresa(int caja) {
+  ConexionPtr con = AbrirEmpresa();
+  MostrarNombreEmpresa(*con);
+  if (caja > 0)
+    Panel(6)->setText(QStringLiteral("CAJA: %1").arg(caja));
+}
+
+void mdiMnuPri::MostrarNombreEmpresa(Conexion &con) {
+  Registros r = con.Abrir(QStringLiteral("SELECT NOM_EMP FROM tblEmpresa;"));
+  if (r.Vacio()) {
+    Panel(1)->clear();
+    return;
+  }
+  Panel(1)->setText(r.Campo(QStringLiteral("NOM_EMP")).Texto());
+  Panel(1)->setToolTip(QStringLiteral("Empresa Actual"));
+}
+
+bool mdiMnuPri::ConfirmarSalida() {
+  if (CatalogoMensajes::Caja(CatalogoMensajes::Texto(303), QStringLiteral("Salir"),
+                             IconoMensaje::Pregunta, BotonesMensaje::SiNo,
+                             303) != RespuestaMensaje::Si)
+    return true;
+  RelojArena reloj;
+  ConexionPtr con = AbrirEmpresa();
+  con->Ejecutar(
+      QStringLiteral("UPDATE tblUsuarios SET ESTATUS=0 WHERE COD_USU='%1';").arg(gCodUsu));
+  return false;
+}
+
+void mdiMnuPri::closeEvent(QCloseEvent *evento) {
+  if (HayOtrasVentanas()) {
+    CatalogoMensajes::Mostrar(301, {}, IconoMensaje::Informacion);
+    evento->ignore();
+    return;
+  }
+  const bool cancelar = ConfirmarSalida();
+  // The last company is remembered whatever the answer was.
+  ServicioUtil::EscribirIni(QStringLiteral("VARIOS"), QStringLiteral("EMPRESA"),
+                            QString::number(gNumEmp), RutaNimbarIni());
+  if (cancelar)
+    evento->ignore();
+  else
+    evento->accept();
+}
+
+bool mdiMnuPri::HayOtrasVentanas() const {
+  for (QWidget *w : QApplication::topLevelWidgets()) {
+    const Qt::WindowType tipo = w->windowType();
+    if (w != this && w->isVisible() && (tipo == Qt::Window || tipo == Qt::Dialog))
+      return true;
+  }
+  return false;
+}
+
+void mdiMnuPri::Registrar(const QString &menu, FabricaPantalla fabrica) {
+  QAction *a = Menu(menu);
+  if (!a || menu == QLatin1String("mnuSalir"))
+    throw ErrorFatal(QStringLiteral("El menú %1 no existe.").arg(menu));
+  disconnect(a, &QAction::triggered, this, nullptr);
+  a->setEnabled(true);
+  connect(a, &QAction::triggered, this, [this, fabrica] {
+    std::unique_ptr<QDialog> pantalla = fabrica(this);
+    pantalla->exec();
+  });
+}
+
+QAction *mdiMnuPri::Menu(const QString &nombre) const { return findChild<QAction *>(nombre); }
+
+QLabel *mdiMnuPri::Panel(int numero) const { return paneles_[numero - 1]; }

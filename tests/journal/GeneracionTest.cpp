@@ -1,0 +1,401 @@
+#include "FixtureGeneracion.h"
+
+#include "shell/ErrorFatal.h"
+#include "shell/Rutas.h"
+
+namespace {
+
+const char *kEnc = "SELECT FOL_POLIZA,FEC_POLIZA,TIP_POLIZA,COD_OPER,CONCEP_POL,FEC_ANTERIOR,"
+                   "IMPANT_DEBE,IMPANT_HABER,SUM_DEBE,SUM_HABER,ESTATUS FROM tblPolizasEnc ORDER "
+                   "BY FOL_POLIZA";
+const char *kRen =
+    "SELECT FOL_POLIZA,TIP_POLIZA,COD_DATO,RUBRO_DEBE,RUBRO_HABER,CUENTA_DEBE,"
+    "CUENTA_HABER,IMP_DEBE,IMP_HABER FROM tblPolizasRen ORDER BY FOL_POLIZA,COD_DATO";
+const char *kMov =
+    "SELECT FOLIO_MOV,CONCEPTO,MODULO,FOLIO_POL,FOLIO_POLIZA,FREC,FECHA_CON,FECHA_MOV,"
+    "COD_OPER FROM tblMovimxPoliza ORDER BY FOLIO_MOV,FOLIO_POLIZA";
+const char *kBit = "SELECT MODULO,COD_OPER,COD_CONCEP,FEC_MOVIM,FOL_POLIZA,TIP_POLIZA,FEC_GENERA,"
+                   "HR_GENERA,SUMA_DEBE,SUMA_HABER,USU_GENERA,USU_ACTUALIZO,IMPRESA,ESTATUS FROM "
+                   "tblBitacoraPolizas ORDER BY FOL_POLIZA";
+const char *kContab = "SELECT FOL_MOV,CONTAB FROM tblGastosEnc ORDER BY FOL_MOV";
+const char *kFolioE = "SELECT FOL_FOLIOS FROM tblFolios WHERE COD_FOLIO='E'";
+
+QStringList L(std::initializer_list<const char *> filas) {
+  QStringList r;
+  for (const char *f : filas)
+    r << QString::fromUtf8(f);
+  return r;
+}
+
+} // namespace
+
+// ------------------------------------------------------------------ by document
+
+TEST_P(Generacion, EachDocumentGetsItsEntryLinesRecordLogRowAndStamp) {
+  Gasto("G-1", d3(), "1500.255");
+  Gasto("G-2", d10(), "800");
+  Gasto("G-3", d10(), "999", 2); // cancelled: the filter leaves it out
+  const ResultadoGeneracion r = Correr();
+  EXPECT_TRUE(r.hubo);
+  EXPECT_EQ(r.polizas, 2);
+  EXPECT_EQ(emp->mensajes.Ids(), std::vector<int>{108});
+  EXPECT_EQ(Filas(kEnc),
+            L({"00000000001|2024-10-03|E|22|RENTA DEL LOCAL|2024-10-03|0|0|3000.52|1500.26|1",
+               "00000000002|2024-10-10|E|22|RENTA DEL LOCAL|2024-10-10|0|0|1600|800|1"}));
+  EXPECT_EQ(
+      Filas(kRen),
+      L({"00000000001|E|68|6-01||6100-000||1500.26|0", "00000000001|E|71||2-01||2100-000|0|1500.26",
+         "00000000002|E|68|6-01||6100-000||800|0", "00000000002|E|71||2-01||2100-000|0|800"}));
+  EXPECT_EQ(Filas(kMov), L({"G-1|RENT|6|1|00000000001|1|2024-10-03|2024-10-03|22",
+                            "G-2|RENT|6|2|00000000002|1|2024-10-10|2024-10-10|22"}));
+  EXPECT_EQ(Filas(kBit),
+            L({"6|22|RENT|2024-10-03|00000000001|E|2024-11-05|14:05:09|3000.52|1500.26|ADMIN||0|0",
+               "6|22|RENT|2024-10-10|00000000002|E|2024-11-05|14:05:09|1600|800|ADMIN||0|0"}));
+  EXPECT_EQ(Filas(kContab), L({"G-1|1", "G-2|1", "G-3|0"}));
+  EXPECT_EQ(Filas(kFolioE), L({"00000000002"}));
+}
+
+TEST_P(Generacion, TheStampUsesTheOperationsFilterAndKey) {
+  Gasto("G-1", d3(), "10");
+  Correr();
+  const QStringList &s = emp->grabadora.sentencias;
+  const auto sello = std::find_if(s.begin(), s.end(), [](const QString &t) {
+    return t.startsWith(QStringLiteral("UPDATE tblGastosEnc SET CONTAB=1 WHERE "));
+  });
+  ASSERT_NE(sello, s.end());
+  EXPECT_TRUE(sello->endsWith(QStringLiteral(" AND FOL_MOV='G-1'"))) << sello->toStdString();
+  EXPECT_TRUE(sello->contains(QStringLiteral("(COD_ESTATUS <> 2) AND"))) << sello->toStdString();
+}
+
+TEST_P(Generacion, ASecondRunWithoutUpdatingPostsNothingAndSaysSo) {
+  Gasto("G-1", d3(), "100");
+  Correr();
+  const QStringList antes = Filas(kEnc) + Filas(kRen) + Filas(kMov) + Filas(kBit);
+  const ResultadoGeneracion r = Correr();
+  EXPECT_FALSE(r.hubo);
+  EXPECT_EQ(emp->mensajes.Ids(), (std::vector<int>{5510, 5508}));
+  EXPECT_EQ(Filas(kEnc) + Filas(kRen) + Filas(kMov) + Filas(kBit), antes);
+  EXPECT_FALSE(Bitacora().contains(QStringLiteral("ya estaba contabilizada")));
+}
+
+TEST_P(Generacion, UpdatingRedoesTheEntryUnderItsFolioWithTheEarlierAmounts) {
+  Gasto("G-1", d3(), "100");
+  Correr();
+  Ejecutar("UPDATE tblGastosEnc SET IMP_MOV=250 WHERE FOL_MOV='G-1'");
+  gCodUsu = QStringLiteral("CONTA");
+  opciones.Actualizar = true;
+  const ResultadoGeneracion r = Correr();
+  EXPECT_TRUE(r.hubo);
+  EXPECT_EQ(Filas(kEnc),
+            L({"00000000001|2024-10-03|E|22|RENTA DEL LOCAL|2024-10-03|200|100|500|250|1"}));
+  EXPECT_EQ(Filas(kRen), L({"00000000001|E|68|6-01||6100-000||250|0",
+                            "00000000001|E|71||2-01||2100-000|0|250"}));
+  EXPECT_EQ(Filas(kFolioE), L({"00000000001"})); // a redo never consumes a folio
+  EXPECT_EQ(Filas(kMov), L({"G-1|RENT|6|1|00000000001|1|2024-10-03|2024-10-03|22"}));
+  EXPECT_EQ(Filas(kBit),
+            L({"6|22|RENT|2024-10-03|00000000001|E|2024-11-05|14:05:09|500|250|ADMIN|CONTA|0|0"}));
+  EXPECT_TRUE(Bitacora().contains(
+      QStringLiteral("\r\nE00000000001 ya estaba contabilizada. Se actualizó\r\n")));
+}
+
+TEST_P(Generacion, ARedoWithAnotherDateMovesTheEntryAndKeepsTheEarlierDate) {
+  Gasto("G-1", d3(), "100");
+  Correr();
+  opciones.Actualizar = true;
+  opciones.DefinirFecha = true;
+  Correr();
+  EXPECT_EQ(Filas(kEnc),
+            L({"00000000001|2024-11-05|E|22|RENTA DEL LOCAL|2024-10-03|200|100|200|100|1"}));
+  EXPECT_EQ(Filas(kMov), L({"G-1|RENT|6|1|00000000001|1|2024-11-05|2024-10-03|22"}));
+}
+
+TEST_P(Generacion, ADeletedEntryIsMadeAgainWithStatusMinusOneOnlyWhenUpdating) {
+  Gasto("G-1", d3(), "100");
+  Correr();
+  Ejecutar("DELETE FROM tblPolizasEnc");
+  Ejecutar("DELETE FROM tblPolizasRen");
+  Correr();
+  EXPECT_TRUE(Filas(kEnc).isEmpty()); // skipped for good without "Actualizar Pólizas"
+  opciones.Actualizar = true;
+  Correr();
+  EXPECT_EQ(Filas(kEnc),
+            L({"00000000001|2024-10-03|E|22|RENTA DEL LOCAL|2024-10-03|0|0|200|100|-1"}));
+  EXPECT_EQ(Filas(kRen).size(), 2);
+  EXPECT_EQ(Filas(kFolioE), L({"00000000001"}));
+}
+
+TEST_P(Generacion, ADocumentPostedByDayIsRefusedByDocumentWithBothLines) {
+  Gasto("G-1", d3(), "100");
+  Regla(frec::kPorDia);
+  Correr();
+  Regla(frec::kPorDocumento);
+  for (bool actualizar : {false, true}) {
+    opciones.Actualizar = actualizar;
+    QFile::remove(RutaNativa(opciones.Resumen));
+    const ResultadoGeneracion r = Correr();
+    EXPECT_FALSE(r.hubo);
+    EXPECT_TRUE(Bitacora().contains(
+        QStringLiteral("G-1 ya está contabilizado en la póliza E y la frecuencia\r\nno coincide. "
+                       "Cancele o elimine la póliza anterior para poder procesar.\r\n")))
+        << Bitacora().toStdString();
+  }
+  EXPECT_EQ(Filas(kEnc).size(), 1);
+}
+
+TEST_P(Generacion, ADocumentWithAllAmountsZeroStillGetsAHeaderAndARecord) {
+  Gasto("G-1", d3(), "0");
+  Correr();
+  EXPECT_EQ(Filas(kEnc), L({"00000000001|2024-10-03|E|22|RENTA DEL LOCAL|2024-10-03|0|0|0|0|1"}));
+  EXPECT_TRUE(Filas(kRen).isEmpty());
+  EXPECT_EQ(Filas(kMov).size(), 1);
+  // The heading stands alone, followed by two empty lines.
+  EXPECT_TRUE(Bitacora().endsWith(QStringLiteral("IMPORTE  TIPO\r\n\r\n\r\n")));
+}
+
+TEST_P(Generacion, AnAmountBelowHalfACentGivesALineOfZero) {
+  Gasto("G-1", d3(), "0.004");
+  Correr();
+  EXPECT_EQ(Filas(kRen), L({"00000000001|E|68|6-01||6100-000||0|0"}));
+}
+
+// ------------------------------------------------------------------ folios
+
+namespace {
+void Ocupar(Conexion &con, int desde, int hasta) {
+  for (int i = desde; i <= hasta; ++i)
+    con.Ejecutar(
+        QStringLiteral("INSERT INTO tblPolizasEnc (FOL_POLIZA,TIP_POLIZA,COD_OPER,ESTATUS) "
+                       "VALUES ('%1','E',0,1)")
+            .arg(FormatoFolio(i)));
+}
+int Intentos(const QStringList &s) {
+  return static_cast<int>(std::count_if(s.begin(), s.end(), [](const QString &t) {
+    return t.startsWith(QStringLiteral("SELECT FOL_POLIZA FROM tblPolizasEnc WHERE FOL_POLIZA="));
+  }));
+}
+} // namespace
+
+TEST_P(Generacion, ACounterLaggingByTwentyIsSetRightOnTheSixtyFirstTry) {
+  Ocupar(*con, 1, 20);
+  Gasto("G-1", d3(), "100");
+  Correr();
+  EXPECT_EQ(Intentos(emp->grabadora.sentencias), 61);
+  EXPECT_EQ(Filas("SELECT FOL_POLIZA FROM tblPolizasEnc WHERE ESTATUS=1 AND COD_OPER=22"),
+            L({"00000000021"}));
+  EXPECT_EQ(Filas(kFolioE), L({"00000000021"}));
+}
+
+TEST_P(Generacion, ACounterLaggingByThirtySucceedsOnTrySeventyOne) {
+  Ocupar(*con, 1, 30);
+  Gasto("G-1", d3(), "100");
+  Correr();
+  EXPECT_EQ(Intentos(emp->grabadora.sentencias), 71);
+  EXPECT_EQ(Filas(kFolioE), L({"00000000031"}));
+}
+
+TEST_P(Generacion, ACounterLaggingByThirtyOneLogsTheFailureAndAdvancesByThirtyOne) {
+  Ocupar(*con, 1, 31);
+  Gasto("G-1", d3(), "100");
+  const ResultadoGeneracion r = Correr();
+  EXPECT_TRUE(r.hubo); // the run carries on as if it had posted
+  EXPECT_EQ(Filas(kFolioE), L({"00000000031"}));
+  EXPECT_EQ(Filas("SELECT COUNT(*) FROM tblPolizasEnc WHERE COD_OPER=22"), L({"0"}));
+  EXPECT_TRUE(Filas(kMov).isEmpty());
+  EXPECT_TRUE(Filas(kBit).isEmpty());
+  EXPECT_TRUE(
+      Bitacora().contains(QStringLiteral("No fue posible agregar póliza de tipo EGRESOS "
+                                         "debido a un problema en el consecutivo de folios")));
+}
+
+TEST_P(Generacion, FoliosHaveElevenDigitsOrMoreAndBeyondAWholeNumberTheRunEnds) {
+  Ejecutar("UPDATE tblFolios SET FOL_FOLIOS='99' WHERE COD_FOLIO='E'");
+  Gasto("G-1", d3(), "100");
+  Correr();
+  EXPECT_EQ(Filas(kFolioE), L({"00000000100"}));
+  Ejecutar("UPDATE tblFolios SET FOL_FOLIOS='123456789012' WHERE COD_FOLIO='E'");
+  Gasto("G-2", d10(), "100");
+  EXPECT_THROW(Correr(), ErrorFatal);
+  // What was written stays: the header stands, its record failed.
+  EXPECT_EQ(Filas("SELECT FOL_POLIZA FROM tblPolizasEnc WHERE FOL_POLIZA='123456789013'"),
+            L({"123456789013"}));
+}
+
+TEST_P(Generacion, AJournalTypeMissingFromTheFoliosGivesAnEmptyFolio) {
+  Regla(frec::kPorDocumento, QStringLiteral("X"));
+  Gasto("G-1", d3(), "100");
+  Correr();
+  EXPECT_EQ(Filas("SELECT FOL_POLIZA,TIP_POLIZA FROM tblPolizasEnc"), L({"|X"}));
+  EXPECT_EQ(Filas(kMov), L({"G-1|RENT|6|0||1|2024-10-03|2024-10-03|22"}));
+}
+
+// ------------------------------------------------------------------ by day
+
+TEST_P(Generacion, FiveDocumentsOfADayGiveOneEntryAndFiveRecords) {
+  Regla(frec::kPorDia);
+  for (const char *f : {"G-1", "G-2", "G-3", "G-4", "G-5"})
+    Gasto(f, d3(), "100.5");
+  const ResultadoGeneracion r = Correr();
+  EXPECT_TRUE(r.hubo);
+  EXPECT_EQ(Filas(kEnc),
+            L({"00000000001|2024-10-03|E|22|RENTA DEL LOCAL|2024-10-03|0|0|1005|502.5|1"}));
+  EXPECT_EQ(Filas(kMov), L({"G-1|RENT|6|1|00000000001|2|2024-10-03|2024-10-03|22",
+                            "G-2|RENT|6|1|00000000001|2|2024-10-03|2024-10-03|22",
+                            "G-3|RENT|6|1|00000000001|2|2024-10-03|2024-10-03|22",
+                            "G-4|RENT|6|1|00000000001|2|2024-10-03|2024-10-03|22",
+                            "G-5|RENT|6|1|00000000001|2|2024-10-03|2024-10-03|22"}));
+  EXPECT_EQ(Filas(kContab).filter(QStringLiteral("|1")).size(), 5);
+}
+
+TEST_P(Generacion, ADayWhoseFirstDocumentIsPostedIsSkippedWithItsNewDocuments) {
+  Regla(frec::kPorDia);
+  Gasto("G-1", d3(), "100");
+  Correr();
+  Gasto("G-2", d3(), "50");
+  const ResultadoGeneracion r = Correr();
+  EXPECT_FALSE(r.hubo); // a skip on the last day gives false
+  EXPECT_EQ(emp->mensajes.Ids().back(), 5508);
+  EXPECT_EQ(Filas(kMov).size(), 1);
+  EXPECT_EQ(Filas(kContab), L({"G-1|1", "G-2|0"}));
+}
+
+TEST_P(Generacion, UpdatingADayTakesInItsNewDocumentsAndRedoesTheEntry) {
+  Regla(frec::kPorDia);
+  Gasto("G-1", d3(), "100");
+  Correr();
+  Gasto("G-2", d3(), "50");
+  opciones.Actualizar = true;
+  EXPECT_TRUE(Correr().hubo);
+  EXPECT_EQ(Filas(kEnc),
+            L({"00000000001|2024-10-03|E|22|RENTA DEL LOCAL|2024-10-03|200|100|300|150|1"}));
+  EXPECT_EQ(Filas(kMov).size(), 2);
+  EXPECT_TRUE(Bitacora().contains(
+      QStringLiteral("\r\n00000000001 ya estaba contabilizada. Se actualizó\r\n")));
+}
+
+TEST_P(Generacion, AFirstDaySkippedThenASecondDayPostedGivesOneEntryAndTrue) {
+  Regla(frec::kPorDia);
+  Gasto("G-1", d3(), "100");
+  Correr();
+  Gasto("G-2", d10(), "40");
+  EXPECT_TRUE(Correr().hubo);
+  EXPECT_EQ(Filas("SELECT FOL_POLIZA,FEC_POLIZA,SUM_HABER FROM tblPolizasEnc ORDER BY FOL_POLIZA"),
+            L({"00000000001|2024-10-03|100", "00000000002|2024-10-10|40"}));
+}
+
+TEST_P(Generacion, AFirstDocumentNewWithALaterOnePostedBeforeGivesASecondRecord) {
+  Regla(frec::kPorDia);
+  Gasto("G-2", d3(), "100");
+  Correr();
+  Gasto("G-1", d3(), "20"); // sorts first within the day
+  EXPECT_TRUE(Correr().hubo);
+  EXPECT_EQ(Filas(kMov), L({"G-1|RENT|6|2|00000000002|2|2024-10-03|2024-10-03|22",
+                            "G-2|RENT|6|1|00000000001|2|2024-10-03|2024-10-03|22",
+                            "G-2|RENT|6|2|00000000002|2|2024-10-03|2024-10-03|22"}));
+}
+
+TEST_P(Generacion, ARefusedDayIsLoggedAndItsOtherDocumentsOnlyMarked) {
+  Gasto("G-1", d3(), "100");
+  Correr(); // by document
+  Regla(frec::kPorDia);
+  Gasto("G-2", d3(), "30");
+  QFile::remove(RutaNativa(opciones.Resumen));
+  const ResultadoGeneracion r = Correr();
+  EXPECT_FALSE(r.hubo);
+  EXPECT_TRUE(Bitacora().contains(
+      QStringLiteral("G-1 ya está contabilizado en la póliza 00000000001 y la frecuencia\r\nno "
+                     "coincide. No se incluyó en la póliza diaria.\r\n")));
+  EXPECT_EQ(Filas(kMov).size(), 1);
+  EXPECT_EQ(Filas(kEnc).size(), 1);
+}
+
+TEST_P(Generacion, ARuleOfAnotherFrequencyLogsItsLineAndPostsNothing) {
+  Regla(0);
+  Gasto("G-1", d3(), "100");
+  const ResultadoGeneracion r = Correr();
+  EXPECT_TRUE(r.corrio);
+  EXPECT_FALSE(r.hubo);
+  EXPECT_TRUE(Filas(kEnc).isEmpty());
+  EXPECT_TRUE(Bitacora().contains(QStringLiteral("GASTOS") + QString(34, QLatin1Char(' ')) +
+                                  QStringLiteral(" RENTA DEL LOCAL")));
+}
+
+// ------------------------------------------------------------------ the run
+
+TEST_P(Generacion, WithNothingCheckedTheRunDoesNothingAndShowsNothing) {
+  Gasto("G-1", d3(), "100");
+  Corrida corrida;
+  corrida.Conexion = emp->Abrir();
+  CargarOperaciones(corrida);
+  ArbolOperaciones arbol;
+  arbol.CargarArbol(*corrida.Conexion);
+  Generador g(corrida, opciones);
+  const ResultadoGeneracion r = g.GenerarPolizas(arbol);
+  EXPECT_FALSE(r.corrio);
+  EXPECT_TRUE(emp->mensajes.mostrados.empty());
+  EXPECT_FALSE(QFileInfo::exists(RutaNativa(opciones.Resumen)));
+}
+
+TEST_P(Generacion, AnEmptyLogNameStopsTheRunWithMessage5512) {
+  Gasto("G-1", d3(), "100");
+  opciones.Resumen.clear();
+  EXPECT_FALSE(Correr().corrio);
+  EXPECT_EQ(emp->mensajes.Ids(), std::vector<int>{5512});
+  EXPECT_TRUE(Filas(kEnc).isEmpty());
+}
+
+TEST_P(Generacion, AnsweringNoToAnExistingLogStopsTheRun) {
+  Gasto("G-1", d3(), "100");
+  EscribirArchivo(opciones.Resumen, "ANTERIOR\r\n");
+  emp->mensajes.respuestas = {RespuestaMensaje::No};
+  Corrida corrida;
+  corrida.Conexion = emp->Abrir();
+  CargarOperaciones(corrida);
+  ArbolOperaciones arbol;
+  arbol.CargarArbol(*corrida.Conexion);
+  arbol.MarcarTodo();
+  Generador g(corrida, opciones);
+  EXPECT_FALSE(g.GenerarPolizas(arbol).corrio);
+  ASSERT_EQ(emp->mensajes.mostrados.size(), 1u);
+  EXPECT_EQ(emp->mensajes.mostrados[0].titulo, CatalogoMensajes::Texto(5500));
+  EXPECT_EQ(emp->mensajes.mostrados[0].texto,
+            CatalogoMensajes::Texto(5510) + QLatin1Char('\n') + CatalogoMensajes::Texto(5511));
+  EXPECT_EQ(LeerArchivo(opciones.Resumen), QByteArray("ANTERIOR\r\n"));
+}
+
+TEST_P(Generacion, RowsThatVanishBeforeTheRunGiveEntriesWithoutLines) {
+  Gasto("G-1", d3(), "100");
+  Corrida corrida;
+  corrida.Conexion = emp->Abrir();
+  CargarOperaciones(corrida);
+  ArbolOperaciones arbol;
+  arbol.CargarArbol(*corrida.Conexion);
+  arbol.MarcarTodo();
+  Ejecutar("DELETE FROM tblRubrosxOperacion");
+  Generador g(corrida, opciones);
+  EXPECT_TRUE(g.GenerarPolizas(arbol).hubo);
+  EXPECT_EQ(Filas(kEnc), L({"00000000001|2024-10-03|E|22|RENTA DEL LOCAL|2024-10-03|0|0|0|0|1"}));
+  EXPECT_TRUE(Filas(kRen).isEmpty());
+}
+
+TEST_P(Generacion, AHundredAndOneRowsInARuleEndTheRun) {
+  for (int i = 0; i < 100; ++i)
+    Ejecutar("INSERT INTO tblRubrosxOperacion (COD_POL,COD_DATO,RUBRO_DEBE,CUENTA_DEBE) VALUES "
+             "(1,68,'6-01','6100-000')");
+  Gasto("G-1", d3(), "1");
+  EXPECT_THROW(Correr(), ErrorFatal);
+}
+
+TEST_P(Generacion, TwoHundredAndOneRulesEndTheRun) {
+  for (int i = 2; i <= 201; ++i)
+    Ejecutar(QStringLiteral("INSERT INTO tblOperacionxConcep (COD_POL,COD_OPER,MODULO,CONCEPTO,"
+                            "TIP_POLIZA,STS_POLIZA,FREC,DIARIO) VALUES (%1,22,6,'C%1','E','D',1,1)")
+                 .arg(i));
+  try {
+    Correr();
+    FAIL();
+  } catch (const ErrorFatal &e) {
+    EXPECT_TRUE(e.Mensaje().contains(QStringLiteral("200"))) << e.Mensaje().toStdString();
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Motores, Generacion, testing::ValuesIn(MotoresDePrueba()), NombreMotor);

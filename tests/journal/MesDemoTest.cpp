@@ -1,0 +1,93 @@
+#include "Apoyo.h"
+#include "db/DatosDemo.h"
+#include "db/EmpresaDemo.h"
+#include "journal/Arbol.h"
+#include "journal/Corrida.h"
+#include "journal/Generacion.h"
+#include "shell/Sesion.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// The demo company's month, generated end to end: sales by document and by day,
+// purchases, expenses and treasury.
+class MesDemo : public testing::TestWithParam<std::string> {
+protected:
+  void SetUp() override {
+    emp = std::make_unique<EmpresaPrueba>(GetParam());
+    con = emp->Abrir();
+    demo::LlenarIdentidad(*con, QStringLiteral("x"));
+    demo::LlenarCatalogos(*con);
+    demo::LlenarDocumentos(*con, kMes);
+    gCodUsu = QStringLiteral("ADMIN");
+    gNumEmp = 1;
+    Conexion::InstalarGrabadora(nullptr); // thousands of statements: not worth keeping
+    opciones.Del = kMes;
+    opciones.Al = kMes.addMonths(1).addDays(-1);
+    opciones.FechaDefinida = opciones.Al;
+    opciones.Resumen = emp->Ruta() + QStringLiteral("/mes.txt");
+  }
+  ResultadoGeneracion Correr() {
+    Corrida corrida;
+    corrida.Conexion = emp->Abrir();
+    CargarOperaciones(corrida);
+    ArbolOperaciones arbol;
+    arbol.CargarArbol(*corrida.Conexion);
+    arbol.MarcarTodo();
+    Generador g(corrida, opciones);
+    return g.GenerarPolizas(arbol);
+  }
+  qint64 Numero(const QString &sql) {
+    Registros r = con->Abrir(sql);
+    return r.Campo(r.Campos().first()).Entero();
+  }
+
+  static inline const QDate kMes{2026, 10, 1};
+  std::unique_ptr<EmpresaPrueba> emp;
+  ConexionPtr con;
+  OpcionesGeneracion opciones;
+};
+
+} // namespace
+
+TEST_P(MesDemo, EveryEntryOfTheMonthHasBalancedLines) {
+  const ResultadoGeneracion r = Correr();
+  ASSERT_TRUE(r.hubo);
+  const qint64 polizas = Numero(QStringLiteral("SELECT COUNT(*) FROM tblPolizasEnc"));
+  EXPECT_EQ(polizas, r.polizas);
+  EXPECT_GT(polizas, 100);
+  EXPECT_GT(Numero(QStringLiteral("SELECT COUNT(*) FROM tblMovimxPoliza WHERE FREC=1")), 0);
+  EXPECT_GT(Numero(QStringLiteral("SELECT COUNT(*) FROM tblMovimxPoliza WHERE FREC=2")), 0);
+  // Every rule of the demo balances: by its balancing datum or by rows with both rubros.
+  Registros d = con->Abrir(QStringLiteral(
+      "SELECT FOL_POLIZA,TIP_POLIZA,SUM(IMP_DEBE) AS D,SUM(IMP_HABER) AS H FROM tblPolizasRen "
+      "GROUP BY FOL_POLIZA,TIP_POLIZA"));
+  int revisadas = 0;
+  for (; !d.Fin(); d.Siguiente(), ++revisadas)
+    EXPECT_EQ(d.Campo(QStringLiteral("D")).ComoDinero(), d.Campo(QStringLiteral("H")).ComoDinero())
+        << d.Campo(QStringLiteral("TIP_POLIZA")).Texto().toStdString()
+        << d.Campo(QStringLiteral("FOL_POLIZA")).Texto().toStdString();
+  EXPECT_GT(revisadas, 100);
+  // Every posted document is stamped for the sibling modules.
+  EXPECT_EQ(Numero(QStringLiteral("SELECT COUNT(*) FROM tblGastosEnc WHERE CONTAB=1")),
+            Numero(QStringLiteral("SELECT COUNT(DISTINCT FOLIO_MOV) FROM tblMovimxPoliza WHERE "
+                                  "COD_OPER=22")));
+}
+
+TEST_P(MesDemo, ASecondRunPostsNothingAndAnUpdateRedoesEveryEntryInPlace) {
+  Correr();
+  const qint64 polizas = Numero(QStringLiteral("SELECT COUNT(*) FROM tblPolizasEnc"));
+  const qint64 renglones = Numero(QStringLiteral("SELECT COUNT(*) FROM tblPolizasRen"));
+  EXPECT_FALSE(Correr().hubo);
+  EXPECT_EQ(emp->mensajes.Ids().back(), 5508);
+  opciones.Actualizar = true;
+  EXPECT_TRUE(Correr().hubo);
+  EXPECT_EQ(Numero(QStringLiteral("SELECT COUNT(*) FROM tblPolizasEnc")), polizas);
+  EXPECT_EQ(Numero(QStringLiteral("SELECT COUNT(*) FROM tblPolizasRen")), renglones);
+  EXPECT_EQ(Numero(QStringLiteral("SELECT COUNT(*) FROM tblPolizasEnc WHERE IMPANT_DEBE=0 AND "
+                                  "SUM_DEBE<>0")),
+            0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Motores, MesDemo, testing::ValuesIn(MotoresDePrueba()), NombreMotor);
