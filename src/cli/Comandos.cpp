@@ -2,6 +2,7 @@
 
 #include "cli/ComandoExportar.h"
 #include "cli/ComandoGenerar.h"
+#include "cli/ComandoPoliza.h"
 #include "db/EmpresaDemo.h"
 #include "shell/CatalogoMensajes.h"
 #include "shell/Encriptacion.h"
@@ -33,7 +34,9 @@ const char *const kUso =
     "          [--bitacora RUTA] [--agregar]\n"
     "      Genera las pólizas del período. Sin --operaciones toma todas las que tienen\n"
     "      reglas; --fecha pone esa fecha a todas las pólizas; --actualizar rehace las\n"
-    "      ya contabilizadas; --agregar añade la corrida a una bitácora existente.\n";
+    "      ya contabilizadas; --agregar añade la corrida a una bitácora existente.\n"
+    "  poliza [--empresa N] [--tipo T --folio F]\n"
+    "      Muestra una póliza con sus renglones; sin folio, la primera de la empresa.\n";
 const char *const kUsoFinal =
     "\n"
     "CARPETA es la carpeta del programa (Nimbar.mdb, Nimbar.ini); por omisión la variable\n"
@@ -232,6 +235,8 @@ int Ejecutar(const QStringList &args, const QString &rutaEjecutable, QTextStream
       return Generar(a, out, err);
     if (a.comando == QStringLiteral("exportar"))
       return Exportar(a, out);
+    if (a.comando == QStringLiteral("poliza"))
+      return MostrarPoliza(a, out);
     err << "Comando desconocido: " << a.comando << "\n\n" << kUso << kUsoExportar << kUsoFinal;
     return kSalidaUso;
   } catch (const ErrorFatal &e) {

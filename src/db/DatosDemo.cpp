@@ -1443,4 +1443,25 @@ void LlenarCatalogos(Conexion &con) {
 
 void LlenarDocumentos(Conexion &con, const QDate &mes) { MesDeDocumentos(con, mes).Llenar(); }
 
+void LlenarFormato(Conexion &con, FormatoDemo formato) {
+  if (formato == FormatoDemo::Contpaq) {
+    // The package's layout is fixed: the row only says so.
+    con.Ejecutar(QStringLiteral(
+        "INSERT INTO tblParametrosForm (NO_REN,REN_FOL,REN_FEC,REN_TIP,REN_CTA,REN_CON,REN_IMP,"
+        "REN2_FOL,REN2_FEC,REN2_TIP,REN2_CTA,REN2_CON,REN2_IMP,DEB_HAB,CHAR_UNO,CHAR_DOS,CERO_IZQ,"
+        "FORM_CTA,CHAR_SEP,F_FECHA,LON_FIJA,SEP_DAT,SEP_COM,LON_FOL,AL_FOL,LON_FEC,AL_FEC,LON_TIP,"
+        "AL_TIP,LON_CON,AL_CON,LON_CTA,AL_CTA,LON_DEB,AL_DEB,LON_HAB,AL_HAB) VALUES (0,0,0,0,0,0,0,"
+        "0,0,0,0,0,0,0,'','',0,'','','',0,'',0,0,0,0,0,0,0,0,0,0,0,0,0,0,0)"));
+    return;
+  }
+  // Head: folio, date, type, concept and the sums; detail: account, concept and amount
+  // with its mark, separated by semicolons, dates DD/MM/AAAA, accounts 4-3-3 with zeros.
+  con.Ejecutar(QStringLiteral(
+      "INSERT INTO tblParametrosForm (NO_REN,REN_FOL,REN_FEC,REN_TIP,REN_CTA,REN_CON,REN_IMP,"
+      "REN2_FOL,REN2_FEC,REN2_TIP,REN2_CTA,REN2_CON,REN2_IMP,DEB_HAB,CHAR_UNO,CHAR_DOS,CERO_IZQ,"
+      "FORM_CTA,CHAR_SEP,F_FECHA,LON_FIJA,SEP_DAT,SEP_COM,LON_FOL,AL_FOL,LON_FEC,AL_FEC,LON_TIP,"
+      "AL_TIP,LON_CON,AL_CON,LON_CTA,AL_CTA,LON_DEB,AL_DEB,LON_HAB,AL_HAB) VALUES (2,1,2,3,0,4,5,0,"
+      "0,0,1,2,3,1,'','',1,'4-3-3-0','','DD/MM/AAAA',0,';',0,0,0,0,0,0,0,0,0,0,0,0,0,0,0)"));
+}
+
 } // namespace demo

@@ -15,4 +15,11 @@ void LlenarCatalogos(Conexion &con);
 // Documents of the month that starts at `mes` (the first day of a month).
 void LlenarDocumentos(Conexion &con, const QDate &mes);
 
+// The export format of the company (the single row of tblParametrosForm).
+enum class FormatoDemo {
+  Contpaq,     // the accounting package's fixed layout
+  DosRenglones // a user layout: a head row with the entry's sums, a row for each line
+};
+void LlenarFormato(Conexion &con, FormatoDemo formato);
+
 } // namespace demo

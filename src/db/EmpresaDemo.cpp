@@ -101,14 +101,17 @@ ResultadoDemo CrearDemo(const OpcionesDemo &opciones) {
   const QString general = RutaNativa(UnirRuta(raiz, QStringLiteral("Nimbar.mdb")));
   const QString referencia = RutaNativa(UnirRuta(raiz, QStringLiteral("Referencia.mdb")));
   const QString relativaEmpresa = QStringLiteral("Empresas\\Demo.db");
+  const QString relativaSegunda = QStringLiteral("Empresas\\DemoDosRenglones.db");
   const QString empresa = RutaNativa(UnirRuta(raiz, relativaEmpresa));
+  const QString segunda = RutaNativa(UnirRuta(raiz, relativaSegunda));
   if (QFileInfo::exists(general) && !opciones.reconstruir)
     throw ErrorFatal(QStringLiteral("La carpeta %1 ya tiene una instalación (Nimbar.mdb). Use "
                                     "--reconstruir para crear la demostración de nuevo.")
                          .arg(raiz));
   for (const char *carpeta : kCarpetas)
     QDir().mkpath(RutaNativa(UnirRuta(raiz, QLatin1String(carpeta))));
-  for (const QString &archivo : {general, referencia, empresa})
+  const QStringList archivos = {general, referencia, empresa, segunda};
+  for (const QString &archivo : archivos)
     Borrar(archivo);
 
   ResultadoDemo resultado;
@@ -116,26 +119,35 @@ ResultadoDemo CrearDemo(const OpcionesDemo &opciones) {
   resultado.conexion = QStringLiteral("SQLite=") + relativaEmpresa;
   resultado.rutaEmpresa = empresa;
   try {
-    CrearBaseEmpresaSqlite(empresa);
-    {
-      ConexionPtr con = ServicioConexion::AbrirSqlite(empresa, false, motor::kSqlite);
+    // The same company twice: the second exports its entries in a layout of two rows.
+    for (const auto &[archivo, formato] : {std::pair{empresa, FormatoDemo::Contpaq},
+                                           std::pair{segunda, FormatoDemo::DosRenglones}}) {
+      CrearBaseEmpresaSqlite(archivo);
+      ConexionPtr con = ServicioConexion::AbrirSqlite(archivo, false, motor::kSqlite);
       LlenarIdentidad(*con, resultado.clave);
       LlenarCatalogos(*con);
       LlenarDocumentos(*con, MesDemo());
+      LlenarFormato(*con, formato);
     }
     CrearBaseReferencia(referencia);
     // The general database goes last: its presence marks a finished installation.
     CrearBaseGeneral(general);
     ConexionPtr con = ServicioConexion::AbrirSqlite(general, false, 0);
-    con->Ejecutar(QStringLiteral("INSERT INTO tblEmpresas (NUM_EMP,NOM_EMP,NOM_COM,CONEXION,"
-                                 "MOTORDEDATOS,NOMBREBASEDATOS,CONX_CONSULTORIO,BD_CONSULTORIO,"
-                                 "CONX_AC,BD_AC,CONX_DP,BD_DP) VALUES (1,'La Fonda de Doña Lupe "
-                                 "S.A. de C.V.','La Fonda de Doña Lupe','%1',%2,'Demo','','','',"
-                                 "'','','')")
-                      .arg(resultado.conexion)
-                      .arg(motor::kSqlite));
+    const QString alta = QStringLiteral(
+        "INSERT INTO tblEmpresas (NUM_EMP,NOM_EMP,NOM_COM,CONEXION,MOTORDEDATOS,NOMBREBASEDATOS,"
+        "CONX_CONSULTORIO,BD_CONSULTORIO,CONX_AC,BD_AC,CONX_DP,BD_DP) VALUES (%1,'%2','%2','%3',%4,"
+        "'%5','','','','','','')");
+    con->Ejecutar(alta.arg(1)
+                      .arg(QStringLiteral("La Fonda de Doña Lupe"), resultado.conexion)
+                      .arg(motor::kSqlite)
+                      .arg(QStringLiteral("Demo")));
+    con->Ejecutar(alta.arg(2)
+                      .arg(QStringLiteral("La Fonda de Doña Lupe (dos renglones)"),
+                           QStringLiteral("SQLite=") + relativaSegunda)
+                      .arg(motor::kSqlite)
+                      .arg(QStringLiteral("DemoDosRenglones")));
   } catch (...) {
-    for (const QString &archivo : {general, referencia, empresa}) {
+    for (const QString &archivo : archivos) {
       try {
         Borrar(archivo);
       } catch (const ErrorFatal &) {

@@ -113,6 +113,29 @@ TEST_F(CliGenerar, OperationsAndTheDefinedDateAreTaken) {
   EXPECT_EQ(r.Campo(QStringLiteral("P")).Entero(), 22);
 }
 
+TEST_F(CliGenerar, PolizaShowsTheFirstEntryWithItsLinesAndSums) {
+  EXPECT_TRUE(Correr({QStringLiteral("poliza")}).out.contains(QStringLiteral("no tiene pólizas")));
+  ASSERT_EQ(Generar(QStringLiteral("admin"), QStringLiteral("abc")).codigo, 0);
+  const Salida s =
+      Correr({QStringLiteral("poliza"), QStringLiteral("--empresa"), QStringLiteral("1")});
+  ASSERT_EQ(s.codigo, 0) << s.err.toStdString();
+  const QStringList lineas = s.out.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+  EXPECT_TRUE(lineas[0].startsWith(QStringLiteral("Póliza D00000000001 (DIARIO) del 01/10/2026")))
+      << s.out.toStdString();
+  const QString sumas = lineas.last().simplified();
+  ASSERT_TRUE(sumas.startsWith(QStringLiteral("Sumas "))) << s.out.toStdString();
+  const QStringList partes = sumas.split(QLatin1Char(' '));
+  EXPECT_EQ(partes[1], partes[2]); // the entry balances
+  const Salida otra = Correr({QStringLiteral("poliza"), QStringLiteral("--tipo"),
+                              QStringLiteral("I"), QStringLiteral("--folio"), QStringLiteral("1")});
+  EXPECT_TRUE(otra.out.startsWith(QStringLiteral("Póliza I00000000001 (INGRESOS)")))
+      << otra.out.toStdString();
+  EXPECT_EQ(Correr({QStringLiteral("poliza"), QStringLiteral("--tipo"), QStringLiteral("X"),
+                    QStringLiteral("--folio"), QStringLiteral("1")})
+                .codigo,
+            2);
+}
+
 TEST_F(CliGenerar, BadDatesAreAUsageError) {
   const Salida s =
       Correr({QStringLiteral("generar"), QStringLiteral("--del"), QStringLiteral("31/10/2026"),

@@ -69,6 +69,24 @@ TEST_F(Demo, BuildsTheInstallationWithOneCompanyOnTheEmbeddedEngine) {
                                  "AND 30")),
             QStringLiteral("30"));
   EXPECT_EQ(Valor(QStringLiteral("SELECT MAX(VER) FROM tblVersion")), QStringLiteral("870"));
+  EXPECT_EQ(Valor(QStringLiteral("SELECT NO_REN FROM tblParametrosForm")), QStringLiteral("0"));
+}
+
+TEST_F(Demo, ASecondCompanyExportsTheSameMonthInTwoRows) {
+  demo::CrearDemo(op);
+  ServicioConexion s;
+  ConexionPtr general = s.AbrirConexionGeneral(gConexionGeneral);
+  Registros e = general->Abrir(QStringLiteral("SELECT CONEXION FROM tblEmpresas WHERE NUM_EMP=2"));
+  ASSERT_FALSE(e.Vacio());
+  EXPECT_EQ(e.Campo(QStringLiteral("CONEXION")).Texto(),
+            QStringLiteral("SQLite=Empresas\\DemoDosRenglones.db"));
+  ConexionPtr segunda = s.AbrirConexion(e.Campo(QStringLiteral("CONEXION")).Texto());
+  Registros f = segunda->Abrir(QStringLiteral("SELECT NO_REN FROM tblParametrosForm"));
+  EXPECT_EQ(f.Campo(QStringLiteral("NO_REN")).Entero(), 2);
+  EXPECT_EQ(Valor(QStringLiteral("SELECT COUNT(*) FROM tblGralVentas")), [&] {
+    Registros v = segunda->Abrir(QStringLiteral("SELECT COUNT(*) AS N FROM tblGralVentas"));
+    return v.Campo(QStringLiteral("N")).Texto();
+  }());
 }
 
 TEST_F(Demo, RulesCoverTheMainOperationsByDocumentAndByDay) {

@@ -148,6 +148,7 @@ TEST_P(Generacion, ADocumentWithAllAmountsZeroStillGetsAHeaderAndARecord) {
   EXPECT_EQ(Filas(kEnc), L({"00000000001|2024-10-03|E|22|RENTA DEL LOCAL|2024-10-03|0|0|0|0|1"}));
   EXPECT_TRUE(Filas(kRen).isEmpty());
   EXPECT_EQ(Filas(kMov).size(), 1);
+  EXPECT_EQ(Filas(kFolioE), L({"00000000001"})); // an entry without lines consumes its folio
   // The heading stands alone, followed by two empty lines.
   EXPECT_TRUE(Bitacora().endsWith(QStringLiteral("IMPORTE  TIPO\r\n\r\n\r\n")));
 }
@@ -306,6 +307,45 @@ TEST_P(Generacion, ARefusedDayIsLoggedAndItsOtherDocumentsOnlyMarked) {
                      "coincide. No se incluyó en la póliza diaria.\r\n")));
   EXPECT_EQ(Filas(kMov).size(), 1);
   EXPECT_EQ(Filas(kEnc).size(), 1);
+}
+
+TEST_P(Generacion, AfterARefusedFirstDocumentTheDaysOthersAreTiedToItsFolio) {
+  Gasto("G-5", d10(), "70");
+  Correr(); // by document: G-5 in entry 1
+  Regla(frec::kPorDia);
+  Gasto("G-1", d3(), "10");
+  Gasto("G-6", d10(), "20");
+  Correr();
+  EXPECT_EQ(Filas(kMov), L({"G-1|RENT|6|2|00000000002|2|2024-10-03|2024-10-03|22",
+                            "G-5|RENT|6|1|00000000001|1|2024-10-10|2024-10-10|22",
+                            "G-6|RENT|6|1|00000000001|2|2024-10-10|2024-10-10|22"}));
+}
+
+TEST_P(Generacion, ADaySkippedInTheMiddleRepeatsTheLogOfTheEntryInHand) {
+  Regla(frec::kPorDia);
+  Gasto("G-2", d10(), "20");
+  Correr();
+  Gasto("G-1", d3(), "10");
+  Gasto("G-3", QDate(2024, 10, 17), "30");
+  QFile::remove(RutaNativa(opciones.Resumen));
+  EXPECT_TRUE(Correr().hubo);
+  // Entry 2 (the 3rd) is logged when the 10th begins and again when the 17th does.
+  EXPECT_EQ(Bitacora().count(QStringLiteral("E00000000002  ")), 4);
+  EXPECT_EQ(Bitacora().count(QStringLiteral("E00000000003  ")), 2);
+}
+
+TEST_P(Generacion, ADocumentDateWithATimeBeginsAnEntryOfItsOwn) {
+  if (GetParam() != "sqlite")
+    GTEST_SKIP() << "a DATE column of the server keeps no time of day";
+  Regla(frec::kPorDia);
+  Gasto("G-1", d3(), "10");
+  Ejecutar(
+      "INSERT INTO tblGastosEnc (FOL_MOV,FEC_MOV,CON_CEP,COD_CON,COD_ESTATUS,IMP_MOV,IVA_MOV,"
+      "RET_TOT,RET_ISRTOT,CONTAB) VALUES ('G-2','2024-10-03 10:30:00','RENT','RENT',1,25,0,0,0,0)");
+  Ejecutar("INSERT INTO tblGastosRen (FOL_MOV) VALUES ('G-2')");
+  Correr();
+  EXPECT_EQ(Filas("SELECT FOL_POLIZA,SUM_HABER FROM tblPolizasEnc ORDER BY FOL_POLIZA"),
+            L({"00000000001|10", "00000000002|25"}));
 }
 
 TEST_P(Generacion, ARuleOfAnotherFrequencyLogsItsLineAndPostsNothing) {

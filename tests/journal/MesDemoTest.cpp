@@ -1,12 +1,16 @@
 #include "Apoyo.h"
 #include "db/DatosDemo.h"
 #include "db/EmpresaDemo.h"
+#include "export/FormatoArchivo.h"
+#include "export/GenerarArchivo.h"
 #include "journal/Arbol.h"
 #include "journal/Corrida.h"
 #include "journal/Generacion.h"
+#include "shell/Rutas.h"
 #include "shell/Sesion.h"
 
 #include <gtest/gtest.h>
+#include <map>
 
 namespace {
 
@@ -88,6 +92,40 @@ TEST_P(MesDemo, ASecondRunPostsNothingAndAnUpdateRedoesEveryEntryInPlace) {
   EXPECT_EQ(Numero(QStringLiteral("SELECT COUNT(*) FROM tblPolizasEnc WHERE IMPANT_DEBE=0 AND "
                                   "SUM_DEBE<>0")),
             0);
+}
+
+TEST_P(MesDemo, TheMonthExportedForThePackageHasRecordsOfTheirLengthsEndedByCrLf) {
+  Correr();
+  demo::LlenarFormato(*con, demo::FormatoDemo::Contpaq);
+  FormatoArchivo formato;
+  ASSERT_TRUE(CargarFormato(*con, formato));
+  DatosGenerarArchivo datos;
+  datos.fechaIni = opciones.Del;
+  datos.fechaFin = opciones.Al;
+  datos.archivo = emp->Ruta() + QStringLiteral("/contpaq.txt");
+  const ResultadoArchivo r = GenerarArchivo(*con, formato, datos);
+  ASSERT_TRUE(r.completo) << r.falla.toStdString();
+  const QByteArray bytes = LeerArchivo(datos.archivo);
+  ASSERT_TRUE(bytes.endsWith("\r\n"));
+  const QList<QByteArray> lineas = bytes.left(bytes.size() - 1).split('\n');
+  EXPECT_EQ(lineas.size(), r.lineas);
+  std::map<char, int> largos{{'P', 135}, {'N', 6}, {'M', 93}};
+  std::map<char, int> cuenta;
+  for (const QByteArray &l : lineas) {
+    const QByteArray linea = l + '\n';
+    ASSERT_TRUE(linea.endsWith("\r\n"));
+    ASSERT_TRUE(largos.count(linea[0])) << linea.toStdString();
+    EXPECT_EQ(linea.size(), largos[linea[0]]) << linea.toStdString();
+    ++cuenta[linea[0]];
+  }
+  EXPECT_EQ(cuenta['P'], Numero(QStringLiteral("SELECT COUNT(*) FROM tblPolizasEnc")));
+  EXPECT_EQ(cuenta['N'], cuenta['P']);
+  // The selection joins lines by folio alone: entries of two types that share a folio
+  // each carry the lines of both.
+  EXPECT_EQ(cuenta['M'],
+            Numero(QStringLiteral("SELECT COUNT(*) FROM tblPolizasEnc INNER JOIN tblPolizasRen ON "
+                                  "tblPolizasEnc.FOL_POLIZA = tblPolizasRen.FOL_POLIZA")));
+  EXPECT_GT(cuenta['M'], Numero(QStringLiteral("SELECT COUNT(*) FROM tblPolizasRen")));
 }
 
 INSTANTIATE_TEST_SUITE_P(Motores, MesDemo, testing::ValuesIn(MotoresDePrueba()), NombreMotor);

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "cli/Comandos.h"
+
+namespace cli {
+
+// escribano-cli poliza: shows a journal entry with its lines (the first one of the
+// company when no folio is given).
+int MostrarPoliza(const Argumentos &a, QTextStream &out);
+
+} // namespace cli
