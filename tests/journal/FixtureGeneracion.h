@@ -13,6 +13,19 @@
 #include <QDir>
 #include <gtest/gtest.h>
 
+// A whole run over every operation of the tree, as the screen runs it with all checked.
+inline ResultadoGeneracion CorrerGeneracion(const EmpresaPrueba &emp,
+                                            const OpcionesGeneracion &opciones) {
+  Corrida corrida;
+  corrida.Conexion = emp.Abrir();
+  CargarOperaciones(corrida);
+  ArbolOperaciones arbol;
+  arbol.CargarArbol(*corrida.Conexion);
+  arbol.MarcarTodo();
+  Generador g(corrida, opciones);
+  return g.GenerarPolizas(arbol);
+}
+
 // A company with one expense rule (operation 22, concept RENT, journal type E): datum 68
 // on the debit of 6-01 and the balancing datum 71 on the credit of 2-01. Expenses are
 // added with Gasto(); Correr() runs the generation over October 2024 by default.
@@ -76,15 +89,8 @@ protected:
   }
 
   ResultadoGeneracion Correr() {
-    Corrida corrida;
-    corrida.Conexion = emp->Abrir();
-    CargarOperaciones(corrida);
-    ArbolOperaciones arbol;
-    arbol.CargarArbol(*corrida.Conexion);
-    arbol.MarcarTodo();
-    Generador g(corrida, opciones);
     emp->mensajes.mostrados.clear();
-    return g.GenerarPolizas(arbol);
+    return CorrerGeneracion(*emp, opciones);
   }
 
   // Rows of a query, each as its columns joined by "|".

@@ -1,4 +1,4 @@
-#include "Apoyo.h"
+#include "FixtureGeneracion.h"
 #include "db/DatosDemo.h"
 #include "db/EmpresaDemo.h"
 #include "export/FormatoArchivo.h"
@@ -32,16 +32,7 @@ protected:
     opciones.FechaDefinida = opciones.Al;
     opciones.Resumen = emp->Ruta() + QStringLiteral("/mes.txt");
   }
-  ResultadoGeneracion Correr() {
-    Corrida corrida;
-    corrida.Conexion = emp->Abrir();
-    CargarOperaciones(corrida);
-    ArbolOperaciones arbol;
-    arbol.CargarArbol(*corrida.Conexion);
-    arbol.MarcarTodo();
-    Generador g(corrida, opciones);
-    return g.GenerarPolizas(arbol);
-  }
+  ResultadoGeneracion Correr() { return CorrerGeneracion(*emp, opciones); }
   qint64 Numero(const QString &sql) {
     Registros r = con->Abrir(sql);
     return r.Campo(r.Campos().first()).Entero();
