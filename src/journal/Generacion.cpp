@@ -189,8 +189,7 @@ bool Generador::PostearPorDocumento(int n) {
     }
     CuadrarPoliza(c_, n, par);
     doc.CONTABILIZADO = true;
-    QDateTime fecha = c_.FechaDocumento;
-    GrabarPoliza(fecha);
+    GrabarPoliza(c_.FechaDocumento); // a defined date replaces the document's here
     hubo = true;
   }
   return hubo;
@@ -266,8 +265,7 @@ bool Generador::PostearPorDia(int n) {
           c_.SumaHaber = Round2(c_.SumaHaber + importe);
       }
       CuadrarPoliza(c_, n, par);
-      QDateTime fecha = c_.FechaDocumento;
-      folio = GrabarPoliza(fecha);
+      folio = GrabarPoliza(c_.FechaDocumento);
       hayPoliza = true;
     }
     // Tie the document to the day's entry.
