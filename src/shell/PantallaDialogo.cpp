@@ -1,6 +1,7 @@
 #include "shell/PantallaDialogo.h"
 
 #include <QApplication>
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QPushButton>
 #include <vector>
@@ -64,7 +65,10 @@ RespuestaMensaje PresentadorDialogo::Presentar(const Mensaje &mensaje) {
     caja.addButton(b.estandar)->setText(QString::fromUtf8(b.texto));
   caja.setDefaultButton(botones.front().estandar);
   caja.setEscapeButton(botones.back().estandar);
+  // A message shown during a long run comes with the arrow, not the hourglass.
+  QGuiApplication::setOverrideCursor(Qt::ArrowCursor);
   const int pulsado = caja.exec();
+  QGuiApplication::restoreOverrideCursor();
   for (const Boton &b : botones) {
     if (pulsado == b.estandar)
       return b.respuesta;

@@ -1,3 +1,5 @@
+#include "export/frmGenerarArchivo.h"
+#include "journal/frmGenerarPolizas.h"
 #include "shell/CatalogoMensajes.h"
 #include "shell/ErrorFatal.h"
 #include "shell/PantallaDialogo.h"
@@ -8,6 +10,7 @@
 
 #include <QApplication>
 #include <cstdlib>
+#include <memory>
 
 namespace {
 
@@ -19,6 +22,14 @@ constexpr int kSalidaFatal = 2;
   CatalogoMensajes::Caja(error.TextoCompleto(), CatalogoMensajes::Texto(100),
                          IconoMensaje::Critico);
   std::_Exit(kSalidaFatal);
+}
+
+// The screens that the menu items show.
+void RegistrarPantallas(mdiMnuPri &principal) {
+  principal.Registrar(QStringLiteral("mnuGenPolizas"),
+                      [](QWidget *padre) { return std::make_unique<frmGenerarPolizas>(padre); });
+  principal.Registrar(QStringLiteral("mnuGenArchPolizas"),
+                      [](QWidget *padre) { return std::make_unique<frmGenerarArchivo>(padre); });
 }
 
 // Failures inside the event handlers of the screens reach the application here.
@@ -52,6 +63,7 @@ int main(int argc, char **argv) {
         return EXIT_SUCCESS;
     }
     mdiMnuPri principal;
+    RegistrarPantallas(principal);
     {
       RelojArena reloj;
       IniciarAyuda();

@@ -1,0 +1,185 @@
+#include "export/frmGenerarArchivo.h"
+
+#include "export/GenerarArchivo.h"
+#include "shell/PantallaBarra.h"
+#include "shell/PantallaCombos.h"
+#include "shell/Pantallas.h"
+#include "shell/Sesion.h"
+
+#include <QCoreApplication>
+#include <QDateEdit>
+#include <QDir>
+#include <QFileDialog>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QProgressBar>
+#include <QVBoxLayout>
+
+namespace {
+
+QString GuardarEnDisco(QWidget *padre, const QString &titulo, const QString &filtro) {
+  // The screen asks its own question before writing over a file.
+  const QString nombre = QFileDialog::getSaveFileName(padre, titulo, QString(), filtro, nullptr,
+                                                      QFileDialog::DontConfirmOverwrite);
+  return QDir::toNativeSeparators(nombre);
+}
+
+QDateEdit *Fecha(QWidget *padre, const char *nombre) {
+  auto *d = new QDateEdit(Hoy(), padre);
+  d->setObjectName(QLatin1String(nombre));
+  d->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
+  d->setCalendarPopup(true);
+  return d;
+}
+
+ComboDatos *Filtro(QWidget *padre, const char *nombre) {
+  auto *c = new ComboDatos(padre);
+  c->setObjectName(QLatin1String(nombre));
+  c->setMinimumWidth(300);
+  return c;
+}
+
+} // namespace
+
+frmGenerarArchivo::frmGenerarArchivo(QWidget *padre) : QDialog(padre), cdgArchivo(&GuardarEnDisco) {
+  setObjectName(QStringLiteral("frmGenerarArchivo"));
+  setWindowTitle(QStringLiteral("GENERAR ARCHIVO DE PÓLIZAS"));
+  setModal(true);
+  setStyleSheet(QStringLiteral("#frmGenerarArchivo { background-color: %1; }").arg(ColorFamilia()));
+
+  tlbCatalogo = new BarraPantalla(
+      this, {{QStringLiteral("GRB"), QStringLiteral("F10"), QStringLiteral("Generar Archivo"),
+              [this] { Grabar(); }},
+             {QStringLiteral("SAL"), QStringLiteral("Esc"), QStringLiteral("Salir")},
+             {QStringLiteral("AYU"), QStringLiteral("F1"), QStringLiteral("Ayuda")}});
+
+  dtpFechaIni = Fecha(this, "dtpFechaIni");
+  dtpFechaFin = Fecha(this, "dtpFechaFin");
+  auto *grpPeriodo = new QGroupBox(QStringLiteral("Período"), this);
+  auto *capaPeriodo = new QGridLayout(grpPeriodo);
+  capaPeriodo->addWidget(new QLabel(QStringLiteral("De la Fecha"), grpPeriodo), 0, 0);
+  capaPeriodo->addWidget(dtpFechaIni, 0, 1);
+  capaPeriodo->addWidget(new QLabel(QStringLiteral("A la fecha"), grpPeriodo), 0, 2);
+  capaPeriodo->addWidget(dtpFechaFin, 0, 3);
+  capaPeriodo->setColumnStretch(4, 1);
+
+  cmbFolios = Filtro(this, "cmbFolios");
+  cmbOperaciones = Filtro(this, "cmbOperaciones");
+  cmbConceptos = Filtro(this, "cmbConceptos");
+  auto *grpFiltros = new QGroupBox(QStringLiteral("Pólizas"), this);
+  auto *capaFiltros = new QGridLayout(grpFiltros);
+  capaFiltros->addWidget(new QLabel(QStringLiteral("Tipo"), grpFiltros), 0, 0);
+  capaFiltros->addWidget(cmbFolios, 0, 1);
+  capaFiltros->addWidget(new QLabel(QStringLiteral("Operación"), grpFiltros), 1, 0);
+  capaFiltros->addWidget(cmbOperaciones, 1, 1);
+  capaFiltros->addWidget(new QLabel(QStringLiteral("Concepto"), grpFiltros), 2, 0);
+  capaFiltros->addWidget(cmbConceptos, 2, 1);
+  capaFiltros->setColumnStretch(1, 1);
+
+  prgAvance = new QProgressBar(this);
+  prgAvance->setObjectName(QStringLiteral("prgAvance"));
+  prgAvance->setRange(0, 0); // the number of lines is known only at the end
+  lblAvance = new QLabel(this);
+  lblAvance->setObjectName(QStringLiteral("lblAvance"));
+  for (QWidget *w : {static_cast<QWidget *>(prgAvance), static_cast<QWidget *>(lblAvance)}) {
+    QSizePolicy politica = w->sizePolicy();
+    politica.setRetainSizeWhenHidden(true);
+    w->setSizePolicy(politica);
+    w->hide();
+  }
+
+  auto *raiz = new QVBoxLayout(this);
+  raiz->setMenuBar(tlbCatalogo);
+  raiz->addWidget(grpPeriodo);
+  raiz->addWidget(grpFiltros);
+  raiz->addStretch(1);
+  raiz->addWidget(lblAvance);
+  raiz->addWidget(prgAvance);
+
+  setTabOrder(dtpFechaIni, dtpFechaFin);
+  setTabOrder(dtpFechaFin, cmbFolios);
+  setTabOrder(cmbFolios, cmbOperaciones);
+  setTabOrder(cmbOperaciones, cmbConceptos);
+
+  new RechazoApostrofe(this);
+  new EnterSiguiente(this, {QStringLiteral("dtpFechaIni"), QStringLiteral("dtpFechaFin")});
+  // A Tab in a date goes to its next part: Enter there moves on to the next control.
+  new VistaPreviaTeclas(this, [this](QWidget *control, QKeyEvent *tecla) {
+    if (tecla->key() != Qt::Key_Return && tecla->key() != Qt::Key_Enter)
+      return false;
+    for (QDateEdit *d : {dtpFechaIni, dtpFechaFin}) {
+      if (control == d || d->isAncestorOf(control)) {
+        focusNextChild();
+        return true;
+      }
+    }
+    return false;
+  });
+  cmbOperaciones->AlCambiar([this] { LlenarConceptos(); });
+
+  ServicioConexion servicio;
+  servicio.Motor = gMotor;
+  conexion_ = servicio.AbrirConexion(gConexion);
+  cmbFolios->Cargar(*conexion_,
+                    QStringLiteral("SELECT COD_FOLIO, DES_FOLIO FROM tblFolios ORDER BY COD_FOLIO"),
+                    QStringLiteral("COD_FOLIO"), QStringLiteral("DES_FOLIO"));
+  LlenarOperaciones();
+}
+
+frmGenerarArchivo::~frmGenerarArchivo() = default;
+
+void frmGenerarArchivo::LlenarOperaciones() {
+  cmbOperaciones->Cargar(
+      *conexion_,
+      QStringLiteral("SELECT COD_OPER, DES_OPER FROM tblCatOperaciones  ORDER BY COD_OPER"),
+      QStringLiteral("COD_OPER"), QStringLiteral("DES_OPER"));
+}
+
+void frmGenerarArchivo::LlenarConceptos() {
+  cmbConceptos->Limpiar();
+  if (const auto fuente = ConsultaConceptos(cmbOperaciones->Codigo()))
+    cmbConceptos->Cargar(*conexion_, fuente->consulta, fuente->codigo, fuente->descripcion);
+}
+
+void frmGenerarArchivo::Grabar() {
+  if (!formato_.FormatoLeido && !CargarFormato(*conexion_, formato_)) {
+    close();
+    return;
+  }
+  GenerarArchivo();
+}
+
+void frmGenerarArchivo::GenerarArchivo() {
+  QString archivo;
+  do {
+    archivo = cdgArchivo(this, QStringLiteral("Escriba el nombre del archivo a ser generado:"),
+                         QStringLiteral("Archivos de Texto (*.txt)"));
+    if (archivo.isEmpty())
+      return;
+  } while (!ConfirmarArchivo(archivo));
+
+  DatosGenerarArchivo datos;
+  datos.fechaIni = dtpFechaIni->date();
+  datos.fechaFin = dtpFechaFin->date();
+  datos.tipo = cmbFolios->Codigo();
+  datos.operacion = cmbOperaciones->Codigo();
+  datos.concepto = cmbConceptos->Codigo();
+  datos.archivo = archivo;
+  tlbCatalogo->setEnabled(false);
+  MostrarAvance(0);
+  ::GenerarArchivo(*conexion_, formato_, datos, [this](qint64 lineas) { MostrarAvance(lineas); });
+  prgAvance->hide();
+  lblAvance->hide();
+  tlbCatalogo->setEnabled(true);
+}
+
+void frmGenerarArchivo::MostrarAvance(qint64 lineas) {
+  lblAvance->setText(QStringLiteral("Líneas escritas: %1").arg(lineas));
+  prgAvance->show();
+  lblAvance->show();
+  // The file is written on the screen's thread: the bar is painted between lines, while
+  // the user's clicks and keys wait for the end.
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "export/FormatoArchivo.h"
+#include "shell/ServicioConexion.h"
+
+#include <QDialog>
+#include <QString>
+#include <functional>
+
+class BarraPantalla;
+class ComboDatos;
+class QDateEdit;
+class QLabel;
+class QProgressBar;
+
+// The screen that writes the journal entries of a period into a text file by the
+// company's format, filtered by journal type, operation and concept.
+class frmGenerarArchivo : public QDialog {
+public:
+  // The load: both dates to today, the company connection, the journal types and the
+  // operations; the concepts wait for an operation.
+  explicit frmGenerarArchivo(QWidget *padre = nullptr);
+  ~frmGenerarArchivo() override;
+
+  // The save dialog: given its title and filter, it answers the file name, or the empty
+  // text on cancel. The desktop's dialog until a test puts another.
+  std::function<QString(QWidget *padre, const QString &titulo, const QString &filtro)> cdgArchivo;
+
+  QDateEdit *dtpFechaIni;
+  QDateEdit *dtpFechaFin;
+  ComboDatos *cmbFolios;
+  ComboDatos *cmbOperaciones;
+  ComboDatos *cmbConceptos;
+  BarraPantalla *tlbCatalogo;
+  QProgressBar *prgAvance; // lines written, shown while the file is written
+  QLabel *lblAvance;
+
+private:
+  void LlenarOperaciones();
+  // The concepts of the chosen operation; none for an operation without a catalogue.
+  void LlenarConceptos();
+  // "GRB": the format is read at the first press and kept while the screen is open.
+  void Grabar();
+  void GenerarArchivo();
+  void MostrarAvance(qint64 lineas);
+
+  ConexionPtr conexion_;
+  FormatoArchivo formato_;
+};

@@ -1,0 +1,287 @@
+#include "journal/frmGenerarPolizas.h"
+
+#include "journal/Bitacora.h"
+#include "journal/Documentos.h"
+#include "journal/Generacion.h"
+#include "shell/CatalogoMensajes.h"
+#include "shell/PantallaBarra.h"
+#include "shell/Pantallas.h"
+#include "shell/ServicioConexion.h"
+#include "shell/Sesion.h"
+
+#include <QCheckBox>
+#include <QCoreApplication>
+#include <QDateEdit>
+#include <QDir>
+#include <QFileDialog>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTreeWidget>
+#include <QVBoxLayout>
+#include <optional>
+
+namespace {
+
+constexpr int kPasosPorRegla = 100;
+
+QString BuscarEnDisco(QWidget *padre, const QString &titulo, const QString &filtro) {
+  QFileDialog dialogo(padre, titulo, QString(), filtro);
+  // A log that doesn't exist yet may be named as well: the run creates it.
+  dialogo.setFileMode(QFileDialog::AnyFile);
+  dialogo.setAcceptMode(QFileDialog::AcceptOpen);
+  if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty())
+    return {};
+  return QDir::toNativeSeparators(dialogo.selectedFiles().constFirst());
+}
+
+QDateEdit *Fecha(QWidget *padre) {
+  auto *d = new QDateEdit(Hoy(), padre);
+  d->setObjectName(QStringLiteral("dtpFecha"));
+  d->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
+  d->setCalendarPopup(true);
+  return d;
+}
+
+} // namespace
+
+frmGenerarPolizas::frmGenerarPolizas(QWidget *padre) : QDialog(padre), cdgBuscar(&BuscarEnDisco) {
+  setObjectName(QStringLiteral("frmGenerarPolizas"));
+  setWindowTitle(QStringLiteral("GENERAR PÓLIZAS"));
+  setModal(true);
+  setStyleSheet(QStringLiteral("#frmGenerarPolizas { background-color: %1; }").arg(ColorFamilia()));
+
+  tlbCatalogo = new BarraPantalla(
+      this, {{QStringLiteral("GRB"), QStringLiteral("F10"), QStringLiteral("Generar Pólizas"),
+              [this] { GenerarPolizas(); }},
+             {QStringLiteral("AYU"), QStringLiteral("F1"), QStringLiteral("Ayuda")},
+             {QStringLiteral("SAL"), QStringLiteral("Esc"), QStringLiteral("Salir")}});
+
+  tvwOperaciones = new QTreeWidget(this);
+  tvwOperaciones->setObjectName(QStringLiteral("tvwOperaciones"));
+  tvwOperaciones->setHeaderHidden(true);
+  tvwOperaciones->setColumnCount(1);
+  tvwOperaciones->setMinimumSize(300, 260);
+  auto *grpOperaciones = new QGroupBox(QStringLiteral("Operaciones"), this);
+  auto *capaOperaciones = new QVBoxLayout(grpOperaciones);
+  capaOperaciones->addWidget(tvwOperaciones);
+
+  for (int i = 0; i < 3; ++i)
+    dtpFecha[i] = Fecha(this);
+  auto *grpPeriodo = new QGroupBox(QStringLiteral("Período"), this);
+  auto *capaPeriodo = new QGridLayout(grpPeriodo);
+  capaPeriodo->addWidget(new QLabel(QStringLiteral("Del"), grpPeriodo), 0, 0);
+  capaPeriodo->addWidget(dtpFecha[0], 0, 1);
+  capaPeriodo->addWidget(new QLabel(QStringLiteral("Al"), grpPeriodo), 1, 0);
+  capaPeriodo->addWidget(dtpFecha[1], 1, 1);
+  capaPeriodo->setColumnStretch(1, 1);
+
+  chkActualizar = new QCheckBox(QStringLiteral("Actualizar Pólizas"), this);
+  chkActualizar->setObjectName(QStringLiteral("chkActualizar"));
+
+  optFechaPol[0] = new QRadioButton(QStringLiteral("Fecha del Movimiento"), this);
+  optFechaPol[1] = new QRadioButton(QStringLiteral("Definir Fecha "), this);
+  auto *grpFechaPol = new QGroupBox(QStringLiteral("Fecha de Contabilización"), this);
+  auto *capaFechaPol = new QGridLayout(grpFechaPol);
+  for (int i = 0; i < 2; ++i) {
+    optFechaPol[i]->setObjectName(QStringLiteral("optFechaPol"));
+    capaFechaPol->addWidget(optFechaPol[i], i, 0);
+    connect(optFechaPol[i], &QRadioButton::clicked, this, [this] { optFechaPol_Click(); });
+  }
+  capaFechaPol->addWidget(dtpFecha[2], 1, 1);
+  optFechaPol[0]->setChecked(true);
+  dtpFecha[2]->setEnabled(false);
+
+  txtResumen = new QLineEdit(this);
+  txtResumen->setObjectName(QStringLiteral("txtResumen"));
+  txtResumen->setMinimumWidth(420);
+  cmdBusca = new QPushButton(QStringLiteral("Buscar Bitácora"), this);
+  cmdBusca->setObjectName(QStringLiteral("cmdBusca"));
+  auto *grpResumen = new QGroupBox(QStringLiteral("Resumen del Proceso"), this);
+  auto *capaResumen = new QHBoxLayout(grpResumen);
+  capaResumen->addWidget(new QLabel(QStringLiteral("Archivo"), grpResumen));
+  capaResumen->addWidget(txtResumen, 1);
+  capaResumen->addWidget(cmdBusca);
+
+  prgAvance = new QProgressBar(this);
+  prgAvance->setObjectName(QStringLiteral("prgAvance"));
+  lblAvance = new QLabel(this);
+  lblAvance->setObjectName(QStringLiteral("lblAvance"));
+  for (QWidget *w : {static_cast<QWidget *>(prgAvance), static_cast<QWidget *>(lblAvance)}) {
+    QSizePolicy politica = w->sizePolicy();
+    politica.setRetainSizeWhenHidden(true);
+    w->setSizePolicy(politica);
+    w->hide();
+  }
+
+  auto *opciones = new QVBoxLayout;
+  opciones->addWidget(grpPeriodo);
+  opciones->addWidget(chkActualizar);
+  opciones->addWidget(grpFechaPol);
+  opciones->addStretch(1);
+  auto *centro = new QHBoxLayout;
+  centro->addWidget(grpOperaciones, 1);
+  centro->addLayout(opciones);
+  auto *raiz = new QVBoxLayout(this);
+  raiz->setMenuBar(tlbCatalogo);
+  raiz->addLayout(centro, 1);
+  raiz->addWidget(grpResumen);
+  raiz->addWidget(lblAvance);
+  raiz->addWidget(prgAvance);
+
+  setTabOrder(tvwOperaciones, dtpFecha[0]);
+  setTabOrder(dtpFecha[0], dtpFecha[1]);
+  setTabOrder(dtpFecha[1], chkActualizar);
+  setTabOrder(chkActualizar, optFechaPol[0]);
+  setTabOrder(optFechaPol[0], optFechaPol[1]);
+  setTabOrder(optFechaPol[1], dtpFecha[2]);
+  setTabOrder(dtpFecha[2], txtResumen);
+  setTabOrder(txtResumen, cmdBusca);
+
+  new RechazoApostrofe(this);
+  new EnterSiguiente(
+      this, {QStringLiteral("txtFolPol"), QStringLiteral("cmdBusca"), QStringLiteral("dtpFecha")});
+  // The dates keep Enter from the form, and take it themselves to move on.
+  new VistaPreviaTeclas(this, [this](QWidget *control, QKeyEvent *tecla) {
+    if (tecla->key() != Qt::Key_Return && tecla->key() != Qt::Key_Enter)
+      return false;
+    for (QDateEdit *d : dtpFecha) {
+      if (control == d || d->isAncestorOf(control)) {
+        focusNextChild();
+        return true;
+      }
+    }
+    return false;
+  });
+  for (int i = 0; i < 3; ++i)
+    connect(dtpFecha[i], &QDateEdit::dateChanged, this, [this, i] { dtpFecha_Change(i); });
+  connect(tvwOperaciones, &QTreeWidget::itemChanged, this,
+          [this](QTreeWidgetItem *item) { tvwOperaciones_ItemCheck(item); });
+  connect(cmdBusca, &QPushButton::clicked, this, [this] { cmdBusca_Click(); });
+
+  ServicioConexion servicio;
+  servicio.Motor = gMotor;
+  corrida_.Conexion = servicio.AbrirConexion(gConexion);
+  CargarOperaciones();
+  CargarArbol();
+}
+
+frmGenerarPolizas::~frmGenerarPolizas() = default;
+
+OpcionesGeneracion frmGenerarPolizas::Opciones() const {
+  OpcionesGeneracion op;
+  op.Del = dtpFecha[0]->date();
+  op.Al = dtpFecha[1]->date();
+  op.FechaDefinida = dtpFecha[2]->date();
+  op.DefinirFecha = optFechaPol[1]->isChecked();
+  op.Actualizar = chkActualizar->isChecked();
+  op.Resumen = txtResumen->text();
+  return op;
+}
+
+void frmGenerarPolizas::CargarOperaciones() {
+  ::CargarOperaciones(corrida_);
+  txtResumen->setText(Bitacora::NombreBitacora(gNumEmp, dtpFecha[2]->date()));
+}
+
+void frmGenerarPolizas::CargarArbol() {
+  arbol_.CargarArbol(*corrida_.Conexion);
+  const QSignalBlocker silencio(tvwOperaciones);
+  tvwOperaciones->setUpdatesEnabled(false);
+  tvwOperaciones->clear();
+  nodos_.clear();
+  for (const NodoArbol &nodo : arbol_.Nodos()) {
+    QTreeWidgetItem *item = nodo.EsModulo() ? new QTreeWidgetItem(tvwOperaciones)
+                                            : new QTreeWidgetItem(nodos_[nodo.padre]);
+    item->setText(0, nodo.texto);
+    item->setData(0, Qt::UserRole, static_cast<int>(nodos_.size()));
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsUserCheckable);
+    item->setCheckState(0, Qt::Unchecked);
+    nodos_.push_back(item);
+  }
+  tvwOperaciones->setUpdatesEnabled(true);
+}
+
+// The tree's rules decide the checks of the module and its operations; the items only
+// show them.
+void frmGenerarPolizas::tvwOperaciones_ItemCheck(QTreeWidgetItem *item) {
+  const int indice = item->data(0, Qt::UserRole).toInt();
+  arbol_.Marcar(indice, item->checkState(0) == Qt::Checked);
+  const QSignalBlocker silencio(tvwOperaciones);
+  const std::vector<NodoArbol> &nodos = arbol_.Nodos();
+  for (std::size_t i = 0; i < nodos.size(); ++i)
+    nodos_[i]->setCheckState(0, nodos[i].marcado ? Qt::Checked : Qt::Unchecked);
+  if (nodos[indice].expandido)
+    item->setExpanded(true);
+}
+
+void frmGenerarPolizas::dtpFecha_Change(int indice) {
+  if (dtpFecha[1]->date() < dtpFecha[0]->date())
+    dtpFecha[1]->setDate(dtpFecha[0]->date());
+  if (indice == 2)
+    txtResumen->setText(Bitacora::NombreBitacora(gNumEmp, dtpFecha[2]->date()));
+}
+
+void frmGenerarPolizas::optFechaPol_Click() {
+  dtpFecha[2]->setEnabled(optFechaPol[1]->isChecked());
+}
+
+void frmGenerarPolizas::cmdBusca_Click() {
+  const QString nombre = cdgBuscar(this, QStringLiteral("Buscar Bitácora"),
+                                   QStringLiteral("Todos los archivos de bitácora (*.bit)"));
+  if (!nombre.isEmpty())
+    txtResumen->setText(nombre);
+}
+
+void frmGenerarPolizas::GenerarPolizas() {
+  tlbCatalogo->setEnabled(false);
+  ResultadoGeneracion resultado;
+  {
+    // The hourglass comes with the first rule, once the log has been accepted.
+    std::optional<RelojArena> reloj;
+    Generador generador(corrida_, Opciones());
+    generador.avance = [this, &reloj](const AvanceGeneracion &avance) {
+      if (!reloj)
+        reloj.emplace();
+      MostrarAvance(avance);
+    };
+    resultado = generador.GenerarPolizas(arbol_);
+  }
+  prgAvance->hide();
+  lblAvance->hide();
+  tlbCatalogo->setEnabled(true);
+  if (!resultado.corrio) {
+    // Rules were gathered, so the log was refused: its name is to be looked at.
+    if (corrida_.NumConceptos > 0)
+      txtResumen->setFocus();
+    return;
+  }
+  if (CatalogoMensajes::Caja(CatalogoMensajes::Texto(5509), CatalogoMensajes::Texto(5501),
+                             IconoMensaje::Pregunta, BotonesMensaje::SiNo,
+                             5509) == RespuestaMensaje::Si)
+    AbrirArchivo(this, resultado.bitacora);
+  CargarOperaciones();
+}
+
+void frmGenerarPolizas::MostrarAvance(const AvanceGeneracion &avance) {
+  const int hechos =
+      avance.documentos > 0 ? avance.documento * kPasosPorRegla / avance.documentos : 0;
+  prgAvance->setRange(0, avance.reglas * kPasosPorRegla);
+  prgAvance->setValue((avance.regla - 1) * kPasosPorRegla + hechos);
+  lblAvance->setText(QStringLiteral("Regla %1 de %2: %3   Documento %4 de %5")
+                         .arg(QString::number(avance.regla), QString::number(avance.reglas),
+                              avance.descripcion, QString::number(avance.documento),
+                              QString::number(avance.documentos)));
+  prgAvance->show();
+  lblAvance->show();
+  // The run works on the screen's thread: the bar is painted between documents, while
+  // the user's clicks and keys wait for the end.
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}

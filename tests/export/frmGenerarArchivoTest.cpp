@@ -1,0 +1,360 @@
+#include "export/frmGenerarArchivo.h"
+#include "../shell/Capturas.h"
+#include "ApoyoExportacion.h"
+#include "shell/PantallaBarra.h"
+#include "shell/PantallaCombos.h"
+#include "shell/Pantallas.h"
+#include "shell/Sesion.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDateEdit>
+#include <QFile>
+#include <QLabel>
+#include <QProgressBar>
+#include <QTest>
+#include <QUrl>
+#include <gtest/gtest.h>
+
+using namespace exportacion;
+
+// Readable dates in test failures.
+void PrintTo(const QDate &fecha, std::ostream *os) {
+  *os << fecha.toString(Qt::ISODate).toStdString();
+}
+
+namespace {
+
+const QString kFolios =
+    QStringLiteral("SELECT COD_FOLIO, DES_FOLIO FROM tblFolios ORDER BY COD_FOLIO");
+const QString kOperaciones =
+    QStringLiteral("SELECT COD_OPER, DES_OPER FROM tblCatOperaciones  ORDER BY COD_OPER");
+const QString kGastos = QStringLiteral(
+    "SELECT COD_CON, DES_CON FROM tblConceptosGyT WHERE COD_FOL = 'GTOS' ORDER BY COD_CON");
+
+// The two lines of the sample entry in the fixture's format of one row.
+const QByteArray kMuestra("00000000012,15/11/2026,D,0110-001-000,Pago de luz,D,1,250.00\r\n"
+                          "00000000012,15/11/2026,D,0210-001-000,Pago de luz,H,1,250.00\r\n");
+
+// The export's company with three journal types, three operations (one with a catalogue
+// of concepts), and the clock on 20 November 2026.
+class PantallaArchivo : public Exportacion {
+protected:
+  void SetUp() override {
+    Exportacion::SetUp();
+    FijarReloj(QDateTime(QDate(2026, 11, 20), QTime(9, 30)));
+    con->Ejecutar(QStringLiteral("INSERT INTO tblFolios (COD_FOLIO,DES_FOLIO,FOL_FOLIOS,COD_NUM) "
+                                 "VALUES ('D','DIARIO','0',1),('E','EGRESOS','0',2),"
+                                 "('I','INGRESOS','0',3)"));
+    con->Ejecutar(QStringLiteral("INSERT INTO tblCatOperaciones (COD_OPER,DES_OPER,MODULO,"
+                                 "GENERA_CON) VALUES (1,'VENTAS DE CONTADO',1,0),"
+                                 "(2,'VENTAS A CRÉDITO',1,0),(22,'GASTOS',6,1)"));
+    con->Ejecutar(QStringLiteral("INSERT INTO tblConceptosGyT (COD_CON,DES_CON,COD_FOL) VALUES "
+                                 "('RENT','RENTA DEL LOCAL','GTOS'),('LUZ','LUZ','GTOS'),"
+                                 "('BANC','DEPÓSITO','INGR')"));
+    InstalarAbridor([this](const QUrl &u) { abiertas.push_back(u); });
+  }
+  void TearDown() override { InstalarAbridor({}); }
+
+  // The screen loaded and shown as the active window, its save dialog answering the
+  // names given in turn (then the empty text), over the period of the sample entry.
+  std::unique_ptr<frmGenerarArchivo> Abrir(QStringList nombres = {}) {
+    auto f = std::make_unique<frmGenerarArchivo>();
+    nombresDialogo = std::move(nombres);
+    f->cdgArchivo = [this](QWidget *, const QString &titulo, const QString &filtro) {
+      pedidos << titulo + QLatin1Char('|') + filtro;
+      return nombresDialogo.isEmpty() ? QString() : nombresDialogo.takeFirst();
+    };
+    f->show();
+    QApplication::setActiveWindow(f.get());
+    f->dtpFechaIni->setDate(QDate(2026, 11, 1));
+    f->dtpFechaFin->setDate(QDate(2026, 11, 30));
+    f->dtpFechaIni->setFocus();
+    emp->grabadora.sentencias.clear();
+    emp->mensajes.mostrados.clear();
+    return f;
+  }
+  static void Tecla(frmGenerarArchivo &f, Qt::Key tecla) {
+    QWidget *foco = QApplication::focusWidget();
+    QTest::keyClick(foco ? foco : &f, tecla);
+  }
+  // Chooses a row of a list by the arrow keys, as the user does.
+  static void Elegir(ComboDatos *combo, int fila) {
+    combo->setFocus();
+    while (combo->currentIndex() < fila)
+      QTest::keyClick(combo, Qt::Key_Down);
+    while (combo->currentIndex() > fila)
+      QTest::keyClick(combo, Qt::Key_Up);
+  }
+  QString Otro() const { return UnirRuta(emp->Ruta(), QStringLiteral("otro.txt")); }
+
+  QStringList nombresDialogo;
+  QStringList pedidos; // title and filter of each time the dialog was shown
+  std::vector<QUrl> abiertas;
+};
+
+const QString kPedido =
+    QStringLiteral("Escriba el nombre del archivo a ser generado:|Archivos de Texto (*.txt)");
+
+QString Pregunta(const QString &archivo) {
+  return CatalogoMensajes::Texto(5524) + QLatin1Char(' ') + archivo + QStringLiteral("\n\n") +
+         CatalogoMensajes::Texto(5525) + QStringLiteral("\n\n");
+}
+
+} // namespace
+
+// ------------------------------------------------------------------ load and filters
+
+TEST_P(PantallaArchivo, TheLoadSetsTodayAndListsTypesAndOperationsWithNoConcepts) {
+  emp->grabadora.sentencias.clear();
+  frmGenerarArchivo f;
+  EXPECT_EQ(emp->grabadora.sentencias, (QStringList{kFolios, kOperaciones}));
+  EXPECT_EQ(f.windowTitle(), QStringLiteral("GENERAR ARCHIVO DE PÓLIZAS"));
+  EXPECT_EQ(f.dtpFechaIni->date(), QDate(2026, 11, 20));
+  EXPECT_EQ(f.dtpFechaFin->date(), QDate(2026, 11, 20));
+  ASSERT_EQ(f.cmbFolios->count(), 4);
+  EXPECT_EQ(f.cmbFolios->itemText(1), QStringLiteral("DIARIO"));
+  EXPECT_EQ(f.cmbFolios->Codigo(), QString());
+  ASSERT_EQ(f.cmbOperaciones->count(), 4);
+  EXPECT_EQ(f.cmbOperaciones->itemText(3), QStringLiteral("GASTOS"));
+  EXPECT_EQ(f.cmbOperaciones->Codigo(), QString());
+  EXPECT_EQ(f.cmbConceptos->count(), 1);
+  EXPECT_EQ(f.cmbConceptos->Codigo(), QString());
+  QStringList botones;
+  for (QAction *a : f.tlbCatalogo->actions())
+    botones << a->objectName() + QLatin1Char('=') + a->text() + QLatin1Char('|') + a->toolTip();
+  EXPECT_EQ(botones,
+            (QStringList{QStringLiteral("GRB=F10|Generar Archivo"), QStringLiteral("SAL=Esc|Salir"),
+                         QStringLiteral("AYU=F1|Ayuda")}));
+  EXPECT_TRUE(emp->mensajes.mostrados.empty());
+}
+
+TEST_P(PantallaArchivo, ChoosingAnOperationLoadsItsConcepts) {
+  auto f = Abrir();
+  Elegir(f->cmbOperaciones, 3);
+  EXPECT_EQ(f->cmbOperaciones->Codigo(), QStringLiteral("22"));
+  EXPECT_EQ(emp->grabadora.sentencias, QStringList{kGastos});
+  ASSERT_EQ(f->cmbConceptos->count(), 3);
+  EXPECT_EQ(f->cmbConceptos->model()->index(1, 0).data().toString(), QStringLiteral("LUZ"));
+  EXPECT_EQ(f->cmbConceptos->itemText(2), QStringLiteral("RENTA DEL LOCAL"));
+  EXPECT_EQ(f->cmbConceptos->Codigo(), QString());
+  Elegir(f->cmbConceptos, 2);
+  EXPECT_EQ(f->cmbConceptos->Codigo(), QStringLiteral("RENT"));
+  EXPECT_EQ(f->cmbConceptos->Texto(), QStringLiteral("RENTA DEL LOCAL"));
+  GuardarCaptura(f.get(), QStringLiteral("frmGenerarArchivo"));
+}
+
+TEST_P(PantallaArchivo, AnOperationWithoutACatalogueEmptiesTheConcepts) {
+  auto f = Abrir();
+  Elegir(f->cmbOperaciones, 3);
+  Elegir(f->cmbConceptos, 2);
+  emp->grabadora.sentencias.clear();
+  Elegir(f->cmbOperaciones, 1);
+  EXPECT_EQ(f->cmbOperaciones->Codigo(), QStringLiteral("1"));
+  EXPECT_TRUE(emp->grabadora.sentencias.isEmpty());
+  EXPECT_EQ(f->cmbConceptos->count(), 1);
+  EXPECT_EQ(f->cmbConceptos->Codigo(), QString());
+  EXPECT_EQ(f->cmbConceptos->Texto(), QString());
+}
+
+// ------------------------------------------------------------------ the run
+
+TEST_P(PantallaArchivo, FTenAsksTheNameAndTheQuestionThenWritesTheFile) {
+  InsertarFormato(*con, FormatoUsuario());
+  PolizaDeMuestra(*con);
+  auto f = Abrir({archivo});
+  Tecla(*f, Qt::Key_F10);
+  EXPECT_EQ(pedidos, QStringList{kPedido});
+  EXPECT_EQ(RenglonesEnOrden(LeerArchivo(archivo)), kMuestra);
+  ASSERT_EQ(Mensajes(), (std::vector<int>{5524, 5526}));
+  const Mensaje &pregunta = emp->mensajes.mostrados[0];
+  EXPECT_EQ(pregunta.texto, Pregunta(archivo));
+  EXPECT_EQ(pregunta.titulo, CatalogoMensajes::Texto(100));
+  EXPECT_EQ(pregunta.icono, IconoMensaje::Pregunta);
+  EXPECT_EQ(pregunta.botones, BotonesMensaje::SiNo);
+  EXPECT_TRUE(f->isVisible());
+  EXPECT_TRUE(f->tlbCatalogo->isEnabled());
+  EXPECT_FALSE(f->prgAvance->isVisible());
+  EXPECT_EQ(f->lblAvance->text(), QStringLiteral("Líneas escritas: 2"));
+}
+
+TEST_P(PantallaArchivo, TheToolbarButtonWritesTheFileAsWell) {
+  InsertarFormato(*con, FormatoUsuario());
+  PolizaDeMuestra(*con);
+  auto f = Abrir({archivo});
+  f->tlbCatalogo->Accion(QStringLiteral("GRB"))->trigger();
+  EXPECT_EQ(RenglonesEnOrden(LeerArchivo(archivo)), kMuestra);
+  EXPECT_EQ(Mensajes(), (std::vector<int>{5524, 5526}));
+}
+
+TEST_P(PantallaArchivo, TheChosenFiltersGoIntoTheSelection) {
+  InsertarFormato(*con, FormatoUsuario());
+  PolizaDeMuestra(*con);
+  auto f = Abrir({archivo});
+  Elegir(f->cmbFolios, 1);
+  Elegir(f->cmbOperaciones, 3);
+  Elegir(f->cmbConceptos, 1);
+  emp->grabadora.sentencias.clear();
+  Tecla(*f, Qt::Key_F10);
+  ASSERT_GE(emp->grabadora.sentencias.size(), 2);
+  EXPECT_EQ(emp->grabadora.sentencias[1],
+            QStringLiteral("SELECT tblPolizasRen.FOL_POLIZA, FEC_POLIZA, tblPolizasEnc.TIP_POLIZA, "
+                           "CONCEP_POL, CUENTA_DEBE, CUENTA_HABER, IMP_DEBE, IMP_HABER, SUM_DEBE, "
+                           "SUM_HABER, COD_OPER FROM tblPolizasEnc INNER JOIN tblPolizasRen ON "
+                           "tblPolizasEnc.FOL_POLIZA = tblPolizasRen.FOL_POLIZA WHERE FEC_POLIZA "
+                           "BETWEEN %1 AND %2 AND tblPolizasEnc.TIP_POLIZA='D' AND COD_OPER=22 "
+                           "AND CONCEP_POL='LUZ' ORDER BY tblPolizasEnc.TIP_POLIZA, COD_OPER, "
+                           "tblPolizasRen.FOL_POLIZA")
+                .arg(ServicioUtil::FechaSQL(QDate(2026, 11, 1), emp->Motor()),
+                     ServicioUtil::FechaSQL(QDate(2026, 11, 30), emp->Motor())));
+  // The concept filter meets the entry's description, never a code: nothing is written.
+  EXPECT_EQ(LeerArchivo(archivo), QByteArray());
+  EXPECT_EQ(Mensajes(), (std::vector<int>{5524, 5526}));
+}
+
+TEST_P(PantallaArchivo, AFirstDateAfterTheLastGivesAnEmptyFile) {
+  InsertarFormato(*con, FormatoUsuario());
+  PolizaDeMuestra(*con);
+  auto f = Abrir({archivo});
+  f->dtpFechaIni->setDate(QDate(2026, 11, 16));
+  f->dtpFechaFin->setDate(QDate(2026, 11, 14));
+  Tecla(*f, Qt::Key_F10);
+  EXPECT_EQ(f->dtpFechaFin->date(), QDate(2026, 11, 14));
+  EXPECT_TRUE(QFile::exists(RutaNativa(archivo)));
+  EXPECT_EQ(LeerArchivo(archivo), QByteArray());
+  EXPECT_EQ(Mensajes(), (std::vector<int>{5524, 5526}));
+}
+
+TEST_P(PantallaArchivo, NoForAnExistingFileAsksForAnotherNameAndCancellingStops) {
+  InsertarFormato(*con, FormatoUsuario());
+  PolizaDeMuestra(*con);
+  EscribirArchivo(archivo, "contenido anterior\r\n");
+  auto f = Abrir({archivo});
+  emp->mensajes.respuestas = {RespuestaMensaje::No};
+  Tecla(*f, Qt::Key_F10);
+  EXPECT_EQ(pedidos, (QStringList{kPedido, kPedido}));
+  EXPECT_EQ(Mensajes(), std::vector<int>{5524});
+  EXPECT_EQ(LeerArchivo(archivo), QByteArray("contenido anterior\r\n"));
+}
+
+TEST_P(PantallaArchivo, NoForAnExistingFileThenAnotherNameWritesThatOne) {
+  InsertarFormato(*con, FormatoUsuario());
+  PolizaDeMuestra(*con);
+  EscribirArchivo(archivo, "contenido anterior\r\n");
+  auto f = Abrir({archivo, Otro()});
+  emp->mensajes.respuestas = {RespuestaMensaje::No, RespuestaMensaje::Si};
+  Tecla(*f, Qt::Key_F10);
+  EXPECT_EQ(pedidos, (QStringList{kPedido, kPedido}));
+  ASSERT_EQ(Mensajes(), (std::vector<int>{5524, 5524, 5526}));
+  EXPECT_EQ(emp->mensajes.mostrados[1].texto, Pregunta(Otro()));
+  EXPECT_EQ(LeerArchivo(archivo), QByteArray("contenido anterior\r\n"));
+  EXPECT_EQ(RenglonesEnOrden(LeerArchivo(Otro())), kMuestra);
+}
+
+TEST_P(PantallaArchivo, YesForAnExistingFileReplacesIt) {
+  InsertarFormato(*con, FormatoUsuario());
+  PolizaDeMuestra(*con);
+  EscribirArchivo(archivo, "contenido anterior que era más largo que el nuevo\r\n");
+  auto f = Abrir({archivo});
+  emp->mensajes.respuestas = {RespuestaMensaje::Si};
+  Tecla(*f, Qt::Key_F10);
+  EXPECT_EQ(RenglonesEnOrden(LeerArchivo(archivo)), kMuestra);
+}
+
+TEST_P(PantallaArchivo, NoForAFileThatDoesntExistStillWritesIt) {
+  InsertarFormato(*con, FormatoUsuario());
+  PolizaDeMuestra(*con);
+  auto f = Abrir({archivo});
+  emp->mensajes.respuestas = {RespuestaMensaje::No};
+  Tecla(*f, Qt::Key_F10);
+  EXPECT_EQ(pedidos, QStringList{kPedido});
+  EXPECT_EQ(RenglonesEnOrden(LeerArchivo(archivo)), kMuestra);
+  EXPECT_EQ(Mensajes(), (std::vector<int>{5524, 5526}));
+}
+
+TEST_P(PantallaArchivo, CancellingTheDialogDoesNothing) {
+  InsertarFormato(*con, FormatoUsuario());
+  PolizaDeMuestra(*con);
+  auto f = Abrir();
+  Tecla(*f, Qt::Key_F10);
+  EXPECT_EQ(pedidos, QStringList{kPedido});
+  EXPECT_TRUE(emp->mensajes.mostrados.empty());
+  EXPECT_FALSE(QFile::exists(RutaNativa(archivo)));
+  EXPECT_TRUE(f->isVisible());
+}
+
+TEST_P(PantallaArchivo, WithoutAFormatTheScreenSays5522AndCloses) {
+  PolizaDeMuestra(*con);
+  auto f = Abrir({archivo});
+  Tecla(*f, Qt::Key_F10);
+  EXPECT_EQ(Mensajes(), std::vector<int>{5522});
+  EXPECT_TRUE(pedidos.isEmpty());
+  EXPECT_FALSE(f->isVisible());
+  EXPECT_EQ(f->result(), QDialog::Rejected);
+  EXPECT_FALSE(QFile::exists(RutaNativa(archivo)));
+}
+
+TEST_P(PantallaArchivo, AFileThatCantBeWrittenGives5527AndTheScreenStays) {
+  InsertarFormato(*con, FormatoUsuario());
+  PolizaDeMuestra(*con);
+  const QString malo = UnirRuta(emp->Ruta(), QStringLiteral("no_existe\\polizas.txt"));
+  auto f = Abrir({malo});
+  Tecla(*f, Qt::Key_F10);
+  ASSERT_EQ(Mensajes(), (std::vector<int>{5524, 5527}));
+  const Mensaje &falla = emp->mensajes.mostrados[1];
+  EXPECT_EQ(falla.texto, CatalogoMensajes::Texto(5527) + QLatin1Char(' ') + malo +
+                             QStringLiteral("\nNo se encontró la ruta de acceso"));
+  EXPECT_EQ(falla.titulo, QStringLiteral("Error 76"));
+  EXPECT_TRUE(f->isVisible());
+  EXPECT_TRUE(f->tlbCatalogo->isEnabled());
+  EXPECT_FALSE(f->prgAvance->isVisible());
+}
+
+TEST_P(PantallaArchivo, TheFormatIsReadOnceWhileTheScreenIsOpen) {
+  InsertarFormato(*con, FormatoUsuario());
+  PolizaDeMuestra(*con);
+  auto f = Abrir({archivo, Otro()});
+  Tecla(*f, Qt::Key_F10);
+  con->Ejecutar(QStringLiteral("UPDATE tblParametrosForm SET SEP_DAT=';'"));
+  emp->grabadora.sentencias.clear();
+  Tecla(*f, Qt::Key_F10);
+  EXPECT_EQ(RenglonesEnOrden(LeerArchivo(Otro())), kMuestra);
+  ASSERT_EQ(emp->grabadora.sentencias.size(), 1);
+  EXPECT_TRUE(emp->grabadora.sentencias[0].startsWith(QStringLiteral("SELECT tblPolizasRen.")));
+}
+
+// ------------------------------------------------------------------ keys
+
+TEST_P(PantallaArchivo, EnterMovesOnFromTheDatesAndTheLists) {
+  auto f = Abrir();
+  Tecla(*f, Qt::Key_Return);
+  EXPECT_EQ(QApplication::focusWidget(), f->dtpFechaFin);
+  Tecla(*f, Qt::Key_Return);
+  EXPECT_EQ(QApplication::focusWidget(), f->cmbFolios);
+  Tecla(*f, Qt::Key_Return);
+  EXPECT_EQ(QApplication::focusWidget(), f->cmbOperaciones);
+  Tecla(*f, Qt::Key_Return);
+  EXPECT_EQ(QApplication::focusWidget(), f->cmbConceptos);
+  EXPECT_EQ(f->dtpFechaIni->date(), QDate(2026, 11, 1));
+  EXPECT_TRUE(emp->mensajes.mostrados.empty());
+}
+
+TEST_P(PantallaArchivo, FOneOpensTheManual) {
+  IniciarAyuda();
+  auto f = Abrir();
+  Tecla(*f, Qt::Key_F1);
+  ASSERT_EQ(abiertas.size(), 1u);
+  EXPECT_EQ(abiertas[0],
+            QUrl::fromLocalFile(emp->Ruta() + QStringLiteral("/Ayuda/TV_PVManual.pdf")));
+}
+
+TEST_P(PantallaArchivo, EscapeClosesTheScreen) {
+  auto f = Abrir();
+  Tecla(*f, Qt::Key_Escape);
+  EXPECT_FALSE(f->isVisible());
+  EXPECT_TRUE(pedidos.isEmpty());
+  EXPECT_TRUE(emp->mensajes.mostrados.empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Motores, PantallaArchivo, testing::ValuesIn(MotoresDePrueba()),
+                         NombreMotor);
