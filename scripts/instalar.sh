@@ -5,7 +5,7 @@ set -euo pipefail
 paquetes=(
   cmake ninja-build pkg-config g++
   qt6-base-dev libqt6sql6-sqlite libqt6sql6-mysql libqt6sql6-odbc
-  libgtest-dev libgmock-dev
+  libgtest-dev libgmock-dev libsqlite3-dev
   unixodbc unixodbc-dev odbc-mariadb tdsodbc
   mariadb-server mariadb-client
   xvfb xauth fonts-dejavu-core poppler-utils

@@ -10,7 +10,9 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QStringBuilder>
 #include <algorithm>
+#include <array>
 
 namespace {
 
@@ -61,6 +63,34 @@ FallaArchivo FallaApertura(const QString &ruta) {
 
 const FallaArchivo kFallaEscritura{57, QStringLiteral("Error de E/S en el dispositivo")};
 
+constexpr qsizetype kTamanoBloque = 64 * 1024;
+
+// A number filled with zeros on the left up to a width; a line's date is three of them,
+// and the general formatting of arg() costs more than the rest of the date.
+QString ConCeros(int valor, int ancho) {
+  if (valor < 0)
+    return QStringLiteral("%1").arg(valor, ancho, 10, QLatin1Char('0'));
+  QString texto = QString::number(valor);
+  if (texto.size() < ancho)
+    texto.prepend(QString(ancho - texto.size(), QLatin1Char('0')));
+  return texto;
+}
+
+// The number of a folio as the package's reference asks for it: its numeric value
+// written with up to 15 significant digits. A folio of digits alone, as generation writes
+// them, is read here without going through a double.
+QString NumeroDeFolio(const QString &folio) {
+  if (folio.isEmpty() || folio.size() > 15)
+    return QString::number(Val(folio), 'g', 15);
+  qint64 numero = 0;
+  for (QChar c : folio) {
+    if (c < u'0' || c > u'9')
+      return QString::number(Val(folio), 'g', 15);
+    numero = numero * 10 + (c.unicode() - u'0');
+  }
+  return QString::number(numero);
+}
+
 } // namespace
 
 bool ConfirmarArchivo(const QString &archivo) {
@@ -86,7 +116,7 @@ ResultadoArchivo GenerarArchivo(Conexion &con, FormatoArchivo &f, const DatosGen
     archivo.close();
     return resultado;
   };
-  // Unbuffered: every line is in the file once written, and a failing write shows at once.
+  // Unbuffered: every block is in the file once written, and a failing write shows at once.
   if (!archivo.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered))
     return fallar(FallaApertura(archivo.fileName()));
 
@@ -108,21 +138,40 @@ ResultadoArchivo GenerarArchivo(Conexion &con, FormatoArchivo &f, const DatosGen
           .arg(ServicioUtil::FechaSQL(d.fechaIni, con.Motor()),
                ServicioUtil::FechaSQL(d.fechaFin, con.Motor()), filtros));
 
+  // Lines go to the file in blocks, each block in one write: a write for every line costs
+  // more than building the line. The count is of lines that reached the file, and a line
+  // that fails to build first sends the block in hand, so the file keeps every line before
+  // it.
+  QByteArray bloque;
+  qint64 lineasBloque = 0;
+  const auto vaciar = [&] {
+    const bool escrito = bloque.isEmpty() || archivo.write(bloque) == bloque.size();
+    if (escrito)
+      resultado.lineas += lineasBloque;
+    bloque.clear();
+    lineasBloque = 0;
+    return escrito;
+  };
   for (; !rs.Fin(); rs.Siguiente()) {
     try {
       const QByteArray bytes = CodificarWindows1252(ArmarRenglon(con, f, rs) + kFinLinea);
-      if (archivo.write(bytes) != bytes.size())
+      bloque += bytes;
+      lineasBloque += bytes.count("\r\n");
+      if (bloque.size() >= kTamanoBloque && !vaciar())
         throw kFallaEscritura;
-      resultado.lineas += bytes.count("\r\n");
     } catch (const FallaArchivo &falla) {
+      vaciar();
       return fallar(falla);
     } catch (const ErrorFatal &e) {
       // The queries of the package's fields fail under the trap as well.
+      vaciar();
       return fallar({kErrorSentencia, e.Mensaje()});
     }
     if (avance)
-      avance(resultado.lineas);
+      avance(resultado.lineas + lineasBloque);
   }
+  if (!vaciar())
+    return fallar(kFallaEscritura);
   archivo.close();
   if (archivo.error() != QFileDevice::NoError)
     return fallar(kFallaEscritura);
@@ -133,7 +182,7 @@ ResultadoArchivo GenerarArchivo(Conexion &con, FormatoArchivo &f, const DatosGen
 }
 
 QString InsSeparador(const FormatoArchivo &f, const QString &valor) {
-  return f.Encierro + valor + f.Encierro + f.Separador;
+  return f.Encierro % valor % f.Encierro % f.Separador;
 }
 
 QString AjustarCampo(const FormatoArchivo &f, bool esImporte, QString valor, int longitud,
@@ -160,7 +209,7 @@ QString AjustarCampo(const FormatoArchivo &f, bool esImporte, QString valor, int
   return alineacion == 1 ? blancos + valor : valor + blancos;
 }
 
-QString CerosFaltantes(const FormatoArchivo &f, int nivel, const QString &parte) {
+QString CerosFaltantes(const FormatoArchivo &f, int nivel, QStringView parte) {
   if (parte.size() < f.Niveles[nivel] && f.CerosIzquierda)
     return QString(f.Niveles[nivel] - parte.size(), QLatin1Char('0'));
   return {};
@@ -168,23 +217,25 @@ QString CerosFaltantes(const FormatoArchivo &f, int nivel, const QString &parte)
 
 QString FormatearCuenta(const FormatoArchivo &f, const QString &cuenta) {
   // The levels of the account: pieces between "-", at most four, up to the first empty one.
-  QStringList partes;
+  std::array<QStringView, 4> partes;
+  int cuantas = 0;
   qsizetype inicio = 0;
-  while (partes.size() < 4) {
+  while (cuantas < 4 && inicio <= cuenta.size()) {
     qsizetype fin = cuenta.indexOf(QLatin1Char('-'), inicio);
     if (fin < 0)
       fin = cuenta.size();
-    const QString pieza = cuenta.mid(inicio, fin - inicio);
+    const QStringView pieza = QStringView(cuenta).sliced(inicio, fin - inicio);
     if (pieza.isEmpty())
       break;
-    partes << pieza;
+    partes[static_cast<std::size_t>(cuantas++)] = pieza;
     inicio = fin + 1;
   }
   QString resultado;
-  for (int i = 0; i < partes.size(); ++i)
+  for (int i = 0; i < cuantas; ++i) {
+    const QStringView parte = partes[static_cast<std::size_t>(i)];
     if (f.Niveles[i] != 0)
-      resultado +=
-          CerosFaltantes(f, i, partes[i]) + partes[i].left(f.Niveles[i]) + f.SeparadorCuenta;
+      resultado += CerosFaltantes(f, i, parte) % parte.left(f.Niveles[i]) % f.SeparadorCuenta;
+  }
   if (resultado.isEmpty())
     throw FallaArchivo{5, QStringLiteral("Llamada a procedimiento o argumento no válidos")};
   // The last separator goes; with no separator (the package) the last digit goes instead.
@@ -195,16 +246,32 @@ QString FormatearCuenta(const FormatoArchivo &f, const QString &cuenta) {
 QString FormatearFecha(const FormatoArchivo &f, const QDate &fecha) {
   if (!fecha.isValid())
     return {};
-  const QString dd = QStringLiteral("%1").arg(fecha.day(), 2, 10, QLatin1Char('0'));
-  const QString mm = QStringLiteral("%1").arg(fecha.month(), 2, 10, QLatin1Char('0'));
-  const QString aaaa = QStringLiteral("%1").arg(fecha.year(), 4, 10, QLatin1Char('0'));
+  const QString dd = ConCeros(fecha.day(), 2);
+  const QString mm = ConCeros(fecha.month(), 2);
+  const QString aaaa = ConCeros(fecha.year(), 4);
   // Without a mask the date goes in the short form of the family's machines.
   if (f.MascaraFecha.isEmpty())
-    return dd + QLatin1Char('/') + mm + QLatin1Char('/') + aaaa;
-  QString texto = f.MascaraFecha;
-  texto.replace(QLatin1String("YYYY"), aaaa);
-  texto.replace(QLatin1String("MM"), mm);
-  texto.replace(QLatin1String("DD"), dd);
+    return dd % QLatin1Char('/') % mm % QLatin1Char('/') % aaaa;
+  // The year, the month and the day stand where the mask names them: one pass over the
+  // mask does what replacing each of the three in turn would do, as their letters differ.
+  const QStringView mascara = f.MascaraFecha;
+  QString texto;
+  texto.reserve(mascara.size());
+  for (qsizetype i = 0; i < mascara.size();) {
+    const QStringView resto = mascara.sliced(i);
+    if (resto.startsWith(u"YYYY")) {
+      texto += aaaa;
+      i += 4;
+    } else if (resto.startsWith(u"MM")) {
+      texto += mm;
+      i += 2;
+    } else if (resto.startsWith(u"DD")) {
+      texto += dd;
+      i += 2;
+    } else {
+      texto += mascara[i++];
+    }
+  }
   return texto;
 }
 
@@ -219,8 +286,8 @@ QString ObtenerTipoPoliza(Conexion &con, const FormatoArchivo &f, const QString 
 QString ObtenerReferencia(Conexion &con, const QString &folio) {
   // By the folio's number alone: the type and the concept of the entry play no part.
   Registros rs =
-      con.Abrir(QStringLiteral("SELECT FOLIO_MOV FROM tblMovimxPoliza WHERE FOLIO_POL = %1")
-                    .arg(QString::number(Val(folio), 'g', 15)));
+      con.Abrir(QStringLiteral("SELECT FOLIO_MOV FROM tblMovimxPoliza WHERE FOLIO_POL = ") %
+                NumeroDeFolio(folio));
   return rs.Vacio() ? QStringLiteral("?") : rs.Campo(QStringLiteral("FOLIO_MOV")).Texto();
 }
 
@@ -243,10 +310,11 @@ QString ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs) {
   // is a credit and takes the credit account.
   const Dinero debe = NoNulo(rs, QStringLiteral("IMP_DEBE")).ComoDinero();
   const bool esDebe = debe > Dinero();
-  const QString lado = esDebe ? QStringLiteral("DEBE") : QStringLiteral("HABER");
   const QString campoCuenta = InsSeparador(
       f, AjustarCampo(f, false,
-                      FormatearCuenta(f, NoNulo(rs, QStringLiteral("CUENTA_") + lado).Texto()),
+                      FormatearCuenta(f, NoNulo(rs, esDebe ? QStringLiteral("CUENTA_DEBE")
+                                                           : QStringLiteral("CUENTA_HABER"))
+                                             .Texto()),
                       f.LongCuenta, f.AlCuenta));
 
   QString campoImporte;
@@ -261,24 +329,29 @@ QString ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs) {
                    InsSeparador(f, AjustarCampo(f, true, Monto(haber), f.LongHaber, f.AlHaber));
   }
   // The sums go in two columns in every style.
-  const QString campoSuma = DosColumnas(f, NoNulo(rs, QStringLiteral("SUM_DEBE")).ComoDinero(),
-                                        NoNulo(rs, QStringLiteral("SUM_HABER")).ComoDinero());
+  const Dinero sumaDebe = NoNulo(rs, QStringLiteral("SUM_DEBE")).ComoDinero();
+  const Dinero sumaHaber = NoNulo(rs, QStringLiteral("SUM_HABER")).ComoDinero();
 
+  // The first row is written only when the entry changes, or on every line of a one-row
+  // format: it is put together only then.
+  const bool conRenglon1 = clave != f.ClaveAnterior || f.NumRenglones == 1;
   QString renglon1, renglon2;
   if (f.EsPaquete) {
     // The P and N records, then the M record; the sums aren't written.
-    renglon1 = QStringLiteral("P ") + campoFecha + campoTipo + campoFolio + QStringLiteral("0 ") +
-               QStringLiteral("000 ") + campoConcepto + QStringLiteral("0 ") +
-               QStringLiteral("0 ") + kFinLinea + QStringLiteral("N    ");
-    renglon2 = QStringLiteral("M ") + campoCuenta +
-               InsSeparador(f, AjustarCampo(f, false, ObtenerReferencia(con, folio), 10, 1)) +
-               campoImporte + QStringLiteral("000 ") + QStringLiteral("0.00 ") +
-               campoConcepto.left(30);
+    if (conRenglon1)
+      renglon1 = QStringLiteral("P ") % campoFecha % campoTipo % campoFolio % QStringLiteral("0 ") %
+                 QStringLiteral("000 ") % campoConcepto % QStringLiteral("0 ") %
+                 QStringLiteral("0 ") % kFinLinea % QStringLiteral("N    ");
+    renglon2 = QStringLiteral("M ") % campoCuenta %
+               InsSeparador(f, AjustarCampo(f, false, ObtenerReferencia(con, folio), 10, 1)) %
+               campoImporte % QStringLiteral("000 ") % QStringLiteral("0.00 ") %
+               QStringView(campoConcepto).left(30);
   } else {
     // Row 1 carries the sums when there is a detail row to carry the amounts.
-    renglon1 =
-        ArmarUsuario(f.Renglon1, {campoFolio, campoFecha, campoTipo, campoCuenta, campoConcepto,
-                                  f.NumRenglones == 1 ? campoImporte : campoSuma});
+    if (conRenglon1)
+      renglon1 = ArmarUsuario(
+          f.Renglon1, {campoFolio, campoFecha, campoTipo, campoCuenta, campoConcepto,
+                       f.NumRenglones == 1 ? campoImporte : DosColumnas(f, sumaDebe, sumaHaber)});
     if (f.NumRenglones == 2)
       renglon2 = ArmarUsuario(f.Renglon2, {campoFolio, campoFecha, campoTipo, campoCuenta,
                                            campoConcepto, campoImporte});
@@ -291,7 +364,7 @@ QString ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs) {
     renglon2.chop(1);
 
   QString texto;
-  if (clave != f.ClaveAnterior || f.NumRenglones == 1) {
+  if (conRenglon1) {
     texto = renglon1;
     if (!renglon2.isEmpty())
       texto += kFinLinea;

@@ -59,7 +59,7 @@ QString InsSeparador(const FormatoArchivo &formato, const QString &valor);
 // The account by the levels of the mask. Throws FallaArchivo when nothing is left of it.
 QString FormatearCuenta(const FormatoArchivo &formato, const QString &cuenta);
 // The zeros that a level lacks, when the format fills levels with zeros.
-QString CerosFaltantes(const FormatoArchivo &formato, int nivel, const QString &parte);
+QString CerosFaltantes(const FormatoArchivo &formato, int nivel, QStringView parte);
 // The date by MascaraFecha.
 QString FormatearFecha(const FormatoArchivo &formato, const QDate &fecha);
 // What stands in the type field: the journal type, or for the package its number

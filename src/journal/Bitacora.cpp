@@ -8,14 +8,36 @@
 #include "shell/Sesion.h"
 
 #include <QFileInfo>
+#include <QStringBuilder>
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
 constexpr int kLargoLinea = 255;
 
-QString Fecha(const QDate &d) { return d.toString(QStringLiteral("dd/MM/yyyy")); }
+QString DosDigitos(int n) {
+  return QString(QLatin1Char(static_cast<char>('0' + n / 10))) +
+         QLatin1Char(static_cast<char>('0' + n % 10));
+}
+
+// "DD/MM/YYYY", by hand for the years of four digits: the log writes a date on every
+// line of every entry, and the general formatting of dates costs more than the line.
+QString Fecha(const QDate &d) {
+  if (!d.isValid() || d.year() < 1000 || d.year() > 9999)
+    return d.toString(QStringLiteral("dd/MM/yyyy"));
+  return DosDigitos(d.day()) + QLatin1Char('/') + DosDigitos(d.month()) + QLatin1Char('/') +
+         QString::number(d.year());
+}
 
 QString Izquierda(const QString &t, int ancho) { return t.left(ancho).leftJustified(ancho); }
+
+// Appends a column of fixed width: the text cut at the width, or filled with blanks.
+void Columna(QString &linea, QStringView texto, qsizetype ancho) {
+  const QStringView parte = texto.left(ancho);
+  linea += parte;
+  linea.resize(linea.size() + ancho - parte.size(), QLatin1Char(' '));
+}
 
 QString TipoPolizaColumna(const QString &tipo, const QDate &fecha) {
   if (tipo == QLatin1String("I"))
@@ -133,34 +155,57 @@ void Bitacora::EscribirPoliza(Conexion &con, const QString &folio, const Concept
     Registros ren = con.Abrir(
         QStringLiteral("SELECT * FROM tblPolizasRen WHERE FOL_POLIZA='%1' AND TIP_POLIZA='%2'")
             .arg(folio, regla.TipPoliza));
+    // The same question for every line of the entry: the text is made once.
+    const QString ultimaFecha = u"SELECT FECHA_MOV FROM tblMovimxPoliza WHERE FOLIO_POLIZA='"_s %
+                                folio % u"' AND COD_OPER="_s % QString::number(regla.CodOper) %
+                                u" ORDER BY FECHA_MOV DESC;"_s;
+    // The columns that every line of the entry repeats, each behind its two blanks.
+    const QLatin1String separador("  ");
+    QString comunes;
+    comunes += separador;
+    Columna(comunes, regla.DesOperacion, 40);
+    comunes += separador;
+    Columna(comunes, regla.DesConcepto, 30);
+    comunes += separador;
+    Columna(comunes, QString(regla.TipPoliza + folio), 12);
+    comunes += separador;
+    Columna(comunes, Fecha(fechaPol), 10);
+    comunes += separador;
+    comunes += TipoPolizaColumna(tipo, fechaPol);
     QString fechaMov;
     for (int numero = 1; !ren.Fin(); ren.Siguiente(), ++numero) {
       {
-        Registros mov = con.Abrir(QStringLiteral("SELECT FECHA_MOV FROM tblMovimxPoliza WHERE "
-                                                 "FOLIO_POLIZA='%1' AND COD_OPER=%2 ORDER BY "
-                                                 "FECHA_MOV DESC;")
-                                      .arg(folio)
-                                      .arg(regla.CodOper));
+        Registros mov = con.Abrir(ultimaFecha);
         if (!mov.Vacio())
           fechaMov = Fecha(mov.Campo(QStringLiteral("FECHA_MOV")).Fecha());
       }
       const bool cargo = !ren.Campo(QStringLiteral("RUBRO_DEBE")).Texto().isEmpty();
-      const QString lado = cargo ? QStringLiteral("DEBE") : QStringLiteral("HABER");
       const QString importe =
-          ren.Campo(QStringLiteral("IMP_") + lado).ComoDinero().Formato(u"###0.00").left(16);
-      const QStringList columnas = {
-          Izquierda(fechaMov, 10),
-          Izquierda(regla.DesOperacion, 40),
-          Izquierda(regla.DesConcepto, 30),
-          Izquierda(regla.TipPoliza + folio, 12),
-          Izquierda(Fecha(fechaPol), 10),
-          TipoPolizaColumna(tipo, fechaPol),
-          Izquierda(ren.Campo(QStringLiteral("RUBRO_") + lado).Texto(), 10),
-          Izquierda(ren.Campo(QStringLiteral("CUENTA_") + lado).Texto(), 20),
-          importe.rightJustified(16),
-          cargo ? QStringLiteral("CARGO") : QStringLiteral("ABONO"),
-      };
-      EscribirLinea(Izquierda(QString::number(numero), 10) + columnas.join(QStringLiteral("  ")));
+          ren.Campo(cargo ? QStringLiteral("IMP_DEBE") : QStringLiteral("IMP_HABER"))
+              .ComoDinero()
+              .Formato(u"###0.00")
+              .left(16);
+      QString linea;
+      linea.reserve(comunes.size() + 112);
+      Columna(linea, QString::number(numero), 10);
+      Columna(linea, fechaMov, 10);
+      linea += comunes;
+      linea += separador;
+      Columna(
+          linea,
+          ren.Campo(cargo ? QStringLiteral("RUBRO_DEBE") : QStringLiteral("RUBRO_HABER")).Texto(),
+          10);
+      linea += separador;
+      Columna(
+          linea,
+          ren.Campo(cargo ? QStringLiteral("CUENTA_DEBE") : QStringLiteral("CUENTA_HABER")).Texto(),
+          20);
+      linea += separador;
+      linea.resize(linea.size() + 16 - importe.size(), QLatin1Char(' '));
+      linea += importe;
+      linea += separador;
+      linea += cargo ? QLatin1String("CARGO") : QLatin1String("ABONO");
+      EscribirLinea(linea);
     }
     EscribirLinea(QString());
   }

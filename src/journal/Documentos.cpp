@@ -5,6 +5,8 @@
 #include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
 
+#include <QStringBuilder>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -275,9 +277,9 @@ void BuscarPosteos(Corrida &corrida) {
     Documento &d = docs.Actual();
     {
       // The module isn't asked; of several rows the first is used.
-      Registros m = con.Abrir(u"SELECT * FROM tblMovimxPoliza WHERE FOLIO_MOV='"_s + d.FOLIO_DOC +
-                              u"' AND COD_OPER="_s + N(regla.CodOper) + u" AND CONCEPTO='"_s +
-                              regla.Concepto + u"';"_s);
+      Registros m = con.Abrir(u"SELECT * FROM tblMovimxPoliza WHERE FOLIO_MOV='"_s % d.FOLIO_DOC %
+                              u"' AND COD_OPER="_s % N(regla.CodOper) % u" AND CONCEPTO='"_s %
+                              regla.Concepto % u"';"_s);
       if (m.Vacio())
         continue;
       d.ESTA_CONTAB = true;
@@ -287,8 +289,8 @@ void BuscarPosteos(Corrida &corrida) {
       d.FRECU_CONTAB = static_cast<int>(m.Campo(u"FREC"_s).Entero());
     }
     // The entry is looked for under the journal type of the rule as it stands today.
-    Registros p = con.Abrir(u"SELECT * FROM tblPolizasEnc WHERE FOL_POLIZA='"_s + d.FOLIO_POLIZA +
-                            u"' AND TIP_POLIZA='"_s + regla.TipPoliza + u"';"_s);
+    Registros p = con.Abrir(u"SELECT * FROM tblPolizasEnc WHERE FOL_POLIZA='"_s % d.FOLIO_POLIZA %
+                            u"' AND TIP_POLIZA='"_s % regla.TipPoliza % u"';"_s);
     if (!p.Vacio()) {
       d.SUMADEBE_ANT = p.Campo(u"SUM_DEBE"_s).ComoDinero();
       d.SUMAHABER_ANT = p.Campo(u"SUM_HABER"_s).ComoDinero();

@@ -9,7 +9,10 @@
 #include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
 
+#include <QStringBuilder>
 #include <limits>
+
+using namespace Qt::Literals::StringLiterals;
 
 namespace {
 
@@ -285,8 +288,8 @@ bool Generador::PostearPorDia(int n) {
 
 QString Generador::SiguienteFolio(int concepto) {
   const QString tipo = c_.Conceptos[static_cast<std::size_t>(concepto)].TipPoliza;
-  Registros r =
-      c_.Conexion->Abrir(QStringLiteral("SELECT * FROM tblFolios WHERE COD_FOLIO='%1';").arg(tipo));
+  const QString sql = u"SELECT * FROM tblFolios WHERE COD_FOLIO='"_s % tipo % u"';"_s;
+  Registros r = c_.Conexion->Abrir(sql);
   if (r.Vacio())
     return {};
   const QString actual = r.Campo(QStringLiteral("FOL_FOLIOS")).Texto().trimmed();
@@ -296,7 +299,7 @@ QString Generador::SiguienteFolio(int concepto) {
     throw ErrorFatal(QStringLiteral("No coinciden los tipos: el folio «%1» del tipo %2 no es un "
                                     "número.")
                          .arg(actual, tipo),
-                     QStringLiteral("SELECT * FROM tblFolios WHERE COD_FOLIO='%1';").arg(tipo));
+                     sql);
   return FormatoFolio(numero + 1);
 }
 
@@ -306,8 +309,14 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
   if (op_.DefinirFecha)
     fecha = QDateTime(op_.FechaDefinida, QTime(0, 0));
   const Documento &doc = c_.Documentos.Actual();
-  const QString existe = QStringLiteral(
-      "SELECT FOL_POLIZA FROM tblPolizasEnc WHERE FOL_POLIZA='%1' AND TIP_POLIZA='%2';");
+  const auto existe = [&regla](const QString &folio) -> QString {
+    return u"SELECT FOL_POLIZA FROM tblPolizasEnc WHERE FOL_POLIZA='"_s % folio %
+           u"' AND TIP_POLIZA='"_s % regla.TipPoliza % u"';"_s;
+  };
+  const auto guardarFolio = [&regla](const QString &folio) -> QString {
+    return u"UPDATE tblFolios SET FOL_FOLIOS='"_s % folio % u"' WHERE COD_FOLIO='"_s %
+           regla.TipPoliza % u"';"_s;
+  };
   Poliza p;
   p.FEC_POLIZA = fecha.date();
   p.TIP_POLIZA = regla.TipPoliza;
@@ -323,7 +332,7 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
     int afectados = 0;
     int fallas = 0;
     for (int intentos = 1; afectados == 0; ++intentos) {
-      const bool libre = con.Abrir(existe.arg(folio, regla.TipPoliza)).Vacio();
+      const bool libre = con.Abrir(existe(folio)).Vacio();
       if (libre) {
         p.FOL_POLIZA = folio;
         p.CONCEP_POL = regla.DesConcepto.trimmed();
@@ -341,8 +350,7 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
       // one number a try.
       if (intentos <= kIntentosMismoFolio)
         continue;
-      con.Ejecutar(QStringLiteral("UPDATE tblFolios SET FOL_FOLIOS='%1' WHERE COD_FOLIO='%2';")
-                       .arg(folio, regla.TipPoliza));
+      con.Ejecutar(guardarFolio(folio));
       folio = SiguienteFolio(c_.ConceptoActual);
       if (intentos > kIntentosMaximos) {
         bitacora_.EscribirLinea(
@@ -352,12 +360,11 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
         return {};
       }
     }
-    con.Ejecutar(QStringLiteral("UPDATE tblFolios SET FOL_FOLIOS='%1' WHERE COD_FOLIO='%2';")
-                     .arg(folio, regla.TipPoliza));
+    con.Ejecutar(guardarFolio(folio));
   } else {
     folio = doc.FOLIO_POLIZA;
     p.FEC_ANTERIOR = c_.FechaAnterior.date();
-    if (!con.Abrir(existe.arg(folio, regla.TipPoliza)).Vacio()) {
+    if (!con.Abrir(existe(folio)).Vacio()) {
       con.Ejecutar(QStringLiteral("UPDATE tblPolizasEnc SET FEC_POLIZA=%1,FEC_ANTERIOR=%2,"
                                   "IMPANT_DEBE=%3,IMPANT_HABER=%4,SUM_DEBE=%5,SUM_HABER=%6 WHERE "
                                   "FOL_POLIZA='%7' AND TIP_POLIZA='%8';")
@@ -398,32 +405,28 @@ void Generador::GrabarRenglones(const QString &folio) {
 void Generador::GrabarBitacora(const QString &folio, const QDateTime &fecha) {
   const ConceptoRegla &regla = c_.Concepto();
   Conexion &con = *c_.Conexion;
-  const QString donde = QStringLiteral("MODULO=%1 AND COD_OPER=%2 AND COD_CONCEP='%3' AND "
-                                       "FOL_POLIZA='%4';")
-                            .arg(regla.Modulo)
-                            .arg(regla.CodOper)
-                            .arg(regla.Concepto, folio);
+  const QString modulo = QString::number(regla.Modulo);
+  const QString oper = QString::number(regla.CodOper);
+  const QString donde = u"MODULO="_s % modulo % u" AND COD_OPER="_s % oper %
+                        u" AND COD_CONCEP='"_s % regla.Concepto % u"' AND FOL_POLIZA='"_s % folio %
+                        u"';"_s;
   const QString hoy = ServicioUtil::FechaSQL(Hoy(), gMotor);
   const QString ahora = ServicioUtil::FechaHoraSQL(Ahora(), gMotor);
-  if (!con.Abrir(QStringLiteral("SELECT COD_OPER FROM tblBitacoraPolizas WHERE ") + donde)
-           .Vacio()) {
-    con.Ejecutar(
-        QStringLiteral("UPDATE tblBitacoraPolizas SET FEC_MOVIM=%1,FEC_GENERA=%2,"
-                       "HR_GENERA=%3,SUMA_DEBE=%4,SUMA_HABER=%5,USU_ACTUALIZO='%6' WHERE ")
-            .arg(Fecha(fecha), hoy, ahora, c_.SumaDebe.Texto(), c_.SumaHaber.Texto(), gCodUsu) +
-        donde);
+  if (!con.Abrir(u"SELECT COD_OPER FROM tblBitacoraPolizas WHERE "_s % donde).Vacio()) {
+    con.Ejecutar(u"UPDATE tblBitacoraPolizas SET FEC_MOVIM="_s % Fecha(fecha) % u",FEC_GENERA="_s %
+                 hoy % u",HR_GENERA="_s % ahora % u",SUMA_DEBE="_s % c_.SumaDebe.Texto() %
+                 u",SUMA_HABER="_s % c_.SumaHaber.Texto() % u",USU_ACTUALIZO='"_s % gCodUsu %
+                 u"' WHERE "_s % donde);
     return;
   }
   // The log table is no reason to stop: a failed insertion is dropped.
   con.IntentarEjecutar(
-      QStringLiteral("INSERT INTO tblBitacoraPolizas (MODULO,COD_OPER,COD_CONCEP,FEC_MOVIM,"
-                     "FOL_POLIZA,TIP_POLIZA,FEC_GENERA,HR_GENERA,SUMA_DEBE,SUMA_HABER,USU_GENERA,"
-                     "USU_ACTUALIZO,IMPRESA,ESTATUS) VALUES (%1,%2,'%3',%4,'%5','%6',%7,%8,%9,%10,"
-                     "'%11','', 0, 0)")
-          .arg(regla.Modulo)
-          .arg(regla.CodOper)
-          .arg(regla.Concepto, Fecha(fecha), folio, regla.TipPoliza, hoy, ahora,
-               c_.SumaDebe.Texto(), c_.SumaHaber.Texto(), gCodUsu));
+      u"INSERT INTO tblBitacoraPolizas (MODULO,COD_OPER,COD_CONCEP,FEC_MOVIM,FOL_POLIZA,"
+      "TIP_POLIZA,FEC_GENERA,HR_GENERA,SUMA_DEBE,SUMA_HABER,USU_GENERA,USU_ACTUALIZO,IMPRESA,"
+      "ESTATUS) VALUES ("_s %
+      modulo % u","_s % oper % u",'"_s % regla.Concepto % u"',"_s % Fecha(fecha) % u",'"_s % folio %
+      u"','"_s % regla.TipPoliza % u"',"_s % hoy % u","_s % ahora % u","_s % c_.SumaDebe.Texto() %
+      u","_s % c_.SumaHaber.Texto() % u",'"_s % gCodUsu % u"','', 0, 0)"_s);
 }
 
 void Generador::GrabarMovimiento(const QString &folio, const QDateTime &fecha) {
@@ -437,33 +440,23 @@ void Generador::GrabarMovimiento(const QString &folio, const QDateTime &fecha) {
   const QString doc = d.FOLIO_DOC;
   const QString fmov = Fecha(d.FECHA_DOCTO);
   const QString fcon = Fecha(fecha);
-  const QString donde = QStringLiteral("FOLIO_MOV='%1' AND CONCEPTO='%2' AND MODULO=%3 AND "
-                                       "FECHA_MOV=%4 AND COD_OPER=%5;")
-                            .arg(doc, regla.Concepto)
-                            .arg(regla.Modulo)
-                            .arg(fmov)
-                            .arg(regla.CodOper);
-  if (!con.Abrir(QStringLiteral("SELECT * FROM tblMovimxPoliza WHERE FOLIO_POLIZA='%1' AND ")
-                     .arg(folio) +
+  const QString modulo = QString::number(regla.Modulo);
+  const QString oper = QString::number(regla.CodOper);
+  const QString frecuencia = QString::number(regla.Frec);
+  const QString donde = u"FOLIO_MOV='"_s % doc % u"' AND CONCEPTO='"_s % regla.Concepto %
+                        u"' AND MODULO="_s % modulo % u" AND FECHA_MOV="_s % fmov %
+                        u" AND COD_OPER="_s % oper % u";"_s;
+  if (!con.Abrir(u"SELECT * FROM tblMovimxPoliza WHERE FOLIO_POLIZA='"_s % folio % u"' AND "_s %
                  donde)
            .Vacio()) {
-    con.Ejecutar(QStringLiteral("UPDATE tblMovimxPoliza SET FOLIO_POLIZA='%1',FREC=%2,FECHA_CON=%3 "
-                                "WHERE ")
-                     .arg(folio)
-                     .arg(regla.Frec)
-                     .arg(fcon) +
-                 donde);
+    con.Ejecutar(u"UPDATE tblMovimxPoliza SET FOLIO_POLIZA='"_s % folio % u"',FREC="_s %
+                 frecuencia % u",FECHA_CON="_s % fcon % u" WHERE "_s % donde);
   } else {
-    con.Ejecutar(QStringLiteral("INSERT INTO tblMovimxPoliza (FOLIO_MOV,CONCEPTO,MODULO,FOLIO_POL,"
-                                "FOLIO_POLIZA,FREC,FECHA_CON,FECHA_MOV,COD_OPER) VALUES "
-                                "('%1','%2',%3,%4,'%5',%6,%7,%8,%9)")
-                     .arg(doc, regla.Concepto)
-                     .arg(regla.Modulo)
-                     .arg(FolioComoNumero(folio))
-                     .arg(folio)
-                     .arg(regla.Frec)
-                     .arg(fcon, fmov)
-                     .arg(regla.CodOper));
+    con.Ejecutar(u"INSERT INTO tblMovimxPoliza (FOLIO_MOV,CONCEPTO,MODULO,FOLIO_POL,FOLIO_POLIZA,"
+                 "FREC,FECHA_CON,FECHA_MOV,COD_OPER) VALUES ('"_s %
+                 doc % u"','"_s % regla.Concepto % u"',"_s % modulo % u","_s %
+                 QString::number(FolioComoNumero(folio)) % u",'"_s % folio % u"',"_s % frecuencia %
+                 u","_s % fcon % u","_s % fmov % u","_s % oper % u")"_s);
   }
   // The stamp for the sibling modules.
   const OperacionFuente &fuente = c_.OperacionActual();
@@ -476,19 +469,19 @@ void Generador::GrabarMovimiento(const QString &folio, const QDateTime &fecha) {
   case 7:
   case 20:
   case 21:
-    sello = QStringLiteral("UPDATE %1 SET CONTAB=1 WHERE %2 (COD_CON='%3') AND %4='%5'")
-                .arg(fuente.TablaEnc, f, regla.Concepto, fuente.CampoClave, doc);
+    sello = u"UPDATE "_s % fuente.TablaEnc % u" SET CONTAB=1 WHERE "_s % f % u" (COD_CON='"_s %
+            regla.Concepto % u"') AND "_s % fuente.CampoClave % u"='"_s % doc % u"'"_s;
     break;
   case 10:
   case 11:
-    sello = QStringLiteral("UPDATE %1 SET CONTAB=1 WHERE %2 (CON_CEP='%3') AND %4='%5'")
-                .arg(fuente.TablaEnc, f, regla.Concepto, fuente.CampoClave, doc);
+    sello = u"UPDATE "_s % fuente.TablaEnc % u" SET CONTAB=1 WHERE "_s % f % u" (CON_CEP='"_s %
+            regla.Concepto % u"') AND "_s % fuente.CampoClave % u"='"_s % doc % u"'"_s;
     break;
   case 19:
     break; // no statement: the empty text is sent and refused
   default:
-    sello = QStringLiteral("UPDATE %1 SET CONTAB=1 WHERE %2 %3='%4'")
-                .arg(fuente.TablaEnc, f, fuente.CampoClave, doc);
+    sello = u"UPDATE "_s % fuente.TablaEnc % u" SET CONTAB=1 WHERE "_s % f % u" "_s %
+            fuente.CampoClave % u"='"_s % doc % u"'"_s;
     break;
   }
   con.Ejecutar(sello);

@@ -3,6 +3,10 @@
 #include "shell/ServicioConexion.h"
 #include "shell/ServicioUtil.h"
 
+#include <QStringBuilder>
+
+using namespace Qt::Literals::StringLiterals;
+
 QString NombreFrecuencia(int f) {
   switch (f) {
   case frec::kPorDocumento:
@@ -29,38 +33,41 @@ QString NombreTipoPoliza(const QString &tipo) {
 }
 
 QString FormatoFolio(qint64 numero) {
-  return QStringLiteral("%1").arg(numero, 11, 10, QLatin1Char('0'));
+  if (numero < 0)
+    return QStringLiteral("%1").arg(numero, 11, 10, QLatin1Char('0'));
+  QString texto = QString::number(numero);
+  if (texto.size() < 11)
+    texto.prepend(QString(11 - texto.size(), QLatin1Char('0')));
+  return texto;
 }
 
+// The statements of a journal entry are joined piece by piece: every document writes
+// several, and filling a pattern costs more than the statement takes to run.
+
 QString SentenciaInsertarPoliza(const Poliza &p, int motor) {
-  return QStringLiteral("INSERT INTO tblPolizasEnc (FOL_POLIZA,FEC_POLIZA,TIP_POLIZA,COD_OPER,"
-                        "CONCEP_POL,FEC_ANTERIOR,IMPANT_DEBE,IMPANT_HABER,SUM_DEBE,SUM_HABER,"
-                        "ESTATUS) VALUES ('%1',%2,'%3',%4,'%5',%6,%7,%8,%9,%10,%11)")
-      .arg(p.FOL_POLIZA, ServicioUtil::FechaSQL(p.FEC_POLIZA, motor), p.TIP_POLIZA)
-      .arg(p.COD_OPER)
-      .arg(p.CONCEP_POL, ServicioUtil::FechaSQL(p.FEC_ANTERIOR, motor), p.IMPANT_DEBE.Texto(),
-           p.IMPANT_HABER.Texto(), p.SUM_DEBE.Texto(), p.SUM_HABER.Texto())
-      .arg(p.ESTATUS);
+  return u"INSERT INTO tblPolizasEnc (FOL_POLIZA,FEC_POLIZA,TIP_POLIZA,COD_OPER,CONCEP_POL,"
+         "FEC_ANTERIOR,IMPANT_DEBE,IMPANT_HABER,SUM_DEBE,SUM_HABER,ESTATUS) VALUES ('"_s %
+         p.FOL_POLIZA % u"',"_s % ServicioUtil::FechaSQL(p.FEC_POLIZA, motor) % u",'"_s %
+         p.TIP_POLIZA % u"',"_s % QString::number(p.COD_OPER) % u",'"_s % p.CONCEP_POL % u"',"_s %
+         ServicioUtil::FechaSQL(p.FEC_ANTERIOR, motor) % u","_s % p.IMPANT_DEBE.Texto() % u","_s %
+         p.IMPANT_HABER.Texto() % u","_s % p.SUM_DEBE.Texto() % u","_s % p.SUM_HABER.Texto() %
+         u","_s % QString::number(p.ESTATUS) % u")"_s;
 }
 
 QString SentenciaRenglonDebe(const QString &folio, const QString &tipo, int codDato,
                              const QString &rubro, const QString &cuenta, Dinero importe) {
-  return QStringLiteral("INSERT INTO tblPolizasRen (FOL_POLIZA,TIP_POLIZA,COD_DATO,RUBRO_DEBE,"
-                        "RUBRO_HABER,CUENTA_DEBE,CUENTA_HABER,IMP_DEBE,IMP_HABER) VALUES "
-                        "('%1','%2',%3,'%4','','%5','',%6,0)")
-      .arg(folio, tipo)
-      .arg(codDato)
-      .arg(rubro, cuenta, importe.Texto());
+  return u"INSERT INTO tblPolizasRen (FOL_POLIZA,TIP_POLIZA,COD_DATO,RUBRO_DEBE,RUBRO_HABER,"
+         "CUENTA_DEBE,CUENTA_HABER,IMP_DEBE,IMP_HABER) VALUES ('"_s %
+         folio % u"','"_s % tipo % u"',"_s % QString::number(codDato) % u",'"_s % rubro %
+         u"','','"_s % cuenta % u"','',"_s % importe.Texto() % u",0)"_s;
 }
 
 QString SentenciaRenglonHaber(const QString &folio, const QString &tipo, int codDato,
                               const QString &rubro, const QString &cuenta, Dinero importe) {
-  return QStringLiteral("INSERT INTO tblPolizasRen (FOL_POLIZA,TIP_POLIZA,COD_DATO,RUBRO_DEBE,"
-                        "RUBRO_HABER,CUENTA_DEBE,CUENTA_HABER,IMP_DEBE,IMP_HABER) VALUES "
-                        "('%1','%2',%3,'','%4','','%5',0,%6)")
-      .arg(folio, tipo)
-      .arg(codDato)
-      .arg(rubro, cuenta, importe.Texto());
+  return u"INSERT INTO tblPolizasRen (FOL_POLIZA,TIP_POLIZA,COD_DATO,RUBRO_DEBE,RUBRO_HABER,"
+         "CUENTA_DEBE,CUENTA_HABER,IMP_DEBE,IMP_HABER) VALUES ('"_s %
+         folio % u"','"_s % tipo % u"',"_s % QString::number(codDato) % u",'','"_s % rubro %
+         u"','','"_s % cuenta % u"',0,"_s % importe.Texto() % u")"_s;
 }
 
 void InsertarPoliza(Conexion &con, const Poliza &p, const std::vector<RenglonPoliza> &renglones) {

@@ -7,6 +7,8 @@
 #include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
 
+#include <QStringBuilder>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -131,18 +133,20 @@ Dinero ResolverDato(Corrida &corrida, int renglon, const QString &clave) {
 
   QString K;
   if (corrida.PorDia())
-    K = u" "_s + fuente.TablaEnc + u"."_s + fuente.CampoFecha + u"="_s + clave;
+    K = u" "_s % fuente.TablaEnc % u"."_s % fuente.CampoFecha % u"="_s % clave;
   else if (dato == 97 || dato == 129 || dato == 130)
-    K = u" "_s + fuente.CampoClave + u"='"_s + clave + u"'"_s;
+    K = u" "_s % fuente.CampoClave % u"='"_s % clave % u"'"_s;
   else
-    K = u" "_s + fuente.TablaEnc + u"."_s + fuente.CampoClave + u"='"_s + clave + u"'"_s;
+    K = u" "_s % fuente.TablaEnc % u"."_s % fuente.CampoClave % u"='"_s % clave % u"'"_s;
   QString F = fuente.FiltroConcepto;
-  if (!F.right(5).contains(u"AND"_s))
+  if (!QStringView(F).right(5).contains(u"AND"))
     F += u" AND"_s;
 
   // A balancing datum means the same in every operation.
   if (EsDatoCuadre(dato))
     return {};
+  // The filter and the key close most statements: joined once.
+  const QString FK = F % K;
 
   QString sql;
   switch (op) {
@@ -151,7 +155,7 @@ Dinero ResolverDato(Corrida &corrida, int renglon, const QString &clave) {
     switch (dato) {
     case 1:
     case 4:
-      sql = u"SELECT SUM(SUB_DOC+IMPTO_INT) AS TOTDAT FROM tblGralVentas WHERE "_s + F + K;
+      sql = u"SELECT SUM(SUB_DOC+IMPTO_INT) AS TOTDAT FROM tblGralVentas WHERE "_s + FK;
       break;
     case 80:
     case 81:
@@ -171,13 +175,13 @@ Dinero ResolverDato(Corrida &corrida, int renglon, const QString &clave) {
     case 97:
       sql =
           u"SELECT SUM(IMP_MBA) AS TOTDAT FROM tblAuxCaja WHERE (COD_FRP<>5 AND COD_FRP<>6) AND "_s +
-          F + K;
+          FK;
       break;
     case 109:
     case 110:
       sql = u"SELECT SUM(CAN_ART*COS_VEN*TIP_CAM) AS TOTDAT FROM tblRenVentas INNER JOIN "
             "tblGralVentas ON tblRenVentas.REF_DOC=tblGralVentas.REF_DOC WHERE "_s +
-            F + K;
+            FK;
       break;
     case 117:
     case 119:
@@ -208,13 +212,13 @@ Dinero ResolverDato(Corrida &corrida, int renglon, const QString &clave) {
     switch (dato) {
     case 12:
     case 15:
-      sql = u"SELECT SUM(IMP_DOC - IVA_DOC) AS TOTDAT FROM tblEncCargosAbonos WHERE "_s + F + K;
+      sql = u"SELECT SUM(IMP_DOC - IVA_DOC) AS TOTDAT FROM tblEncCargosAbonos WHERE "_s + FK;
       break;
     case 127:
     case 128:
       sql = u"SELECT SUM(CAN_DEV * COS_ART) AS TOTDAT FROM tblRenDevolucion INNER JOIN "
             "tblEncDevolucion ON tblRenDevolucion.FOL_DEV=tblEncDevolucion.FOL_DEV WHERE "_s +
-            F + K;
+            FK;
       break;
     }
     break;
@@ -226,13 +230,13 @@ Dinero ResolverDato(Corrida &corrida, int renglon, const QString &clave) {
     case 23:
       sql = u"SELECT SUM(COS_TOT * TIP_CAM) AS TOTDAT,SUM(COS_TOT) AS TOTDOS FROM tblGralAlmacen "
             "WHERE CON_CEP='"_s +
-            concepto + u"' AND "_s + F + K;
+            concepto + u"' AND "_s + FK;
       break;
     case 111:
     case 113:
       sql = u"SELECT SUM((COS_TOT * TIP_CAM)-COS_TOT) AS TOTDAT FROM tblGralAlmacen WHERE "
             "CON_CEP='"_s +
-            concepto + u"' AND "_s + F + K;
+            concepto + u"' AND "_s + FK;
       break;
     case 121:
     case 123:
@@ -344,7 +348,7 @@ Dinero ResolverDato(Corrida &corrida, int renglon, const QString &clave) {
       }
     }
     if (!inicio.isEmpty())
-      sql = inicio + F + K;
+      sql = inicio + FK;
     break;
   }
 
@@ -352,7 +356,7 @@ Dinero ResolverDato(Corrida &corrida, int renglon, const QString &clave) {
   case 21:
     // Every datum of these operations reads the same amount.
     sql = u"SELECT SUM(IMP_DOC - IVA_DOC) AS TOTDAT FROM tblCxPEnc WHERE (tblCxPEnc.CON_CEP='"_s +
-          concepto + u"') AND "_s + F + K;
+          concepto + u"') AND "_s + FK;
     break;
 
   case 22:
@@ -361,12 +365,12 @@ Dinero ResolverDato(Corrida &corrida, int renglon, const QString &clave) {
     case 68:
       sql = u"SELECT SUM(IMP_MOV - IVA_MOV + RET_TOT + RET_ISRTOT) AS TOTDAT FROM tblGastosEnc "
             "WHERE tblGastosEnc.CON_CEP='"_s +
-            concepto + u"' AND "_s + F + K;
+            concepto + u"' AND "_s + FK;
       break;
     case 198:
       sql = u"SELECT SUM(IMP_MOV - IVA_MOV + RET_TOT + RET_ISRTOT) AS TOTDAT FROM tblGastosEnc "
             "WHERE "_s +
-            F + K;
+            FK;
       break;
     }
     break;
@@ -400,7 +404,7 @@ Dinero ResolverDato(Corrida &corrida, int renglon, const QString &clave) {
       sql = u"SELECT "_s + suma +
             u"FROM tblReposicionCajaMov INNER JOIN tblReposicionCaja ON "
             "tblReposicionCajaMov.FOL_DOC=tblReposicionCaja.FOL_DOC WHERE "_s +
-            condicion + concepto + u"' AND "_s + F + K;
+            condicion + concepto + u"' AND "_s + FK;
     break;
   }
 
@@ -408,10 +412,10 @@ Dinero ResolverDato(Corrida &corrida, int renglon, const QString &clave) {
   case 25: {
     const QString C = fuente.CampoConcepto + u"='"_s + concepto + u"' AND "_s;
     if (dato == 202)
-      sql = u"SELECT SUM(IMP_MOV * TIP_CAM) AS TOTDAT FROM tblIngreEgre WHERE "_s + C + F + K;
+      sql = u"SELECT SUM(IMP_MOV * TIP_CAM) AS TOTDAT FROM tblIngreEgre WHERE "_s + C + FK;
     else if (dato == 203)
       sql = u"SELECT SUM((IMP_MOV * TIP_CAM) - IMP_MOV) AS TOTDAT FROM tblIngreEgre WHERE "_s + C +
-            F + K;
+            FK;
     break;
   }
 

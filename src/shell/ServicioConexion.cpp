@@ -13,6 +13,7 @@
 #include <QSqlError>
 #include <QSqlRecord>
 #include <atomic>
+#include <cmath>
 
 namespace {
 Grabadora *gGrabadora = nullptr;
@@ -36,6 +37,38 @@ QString ParteConexion(const QString &conexion, const QString &clave) {
   return {};
 }
 
+// Money from a double of the database. The double goes through its shortest decimal
+// text (Dinero::DeDouble); when it is within a billion and ten-thousandths give it
+// exactly, that text has at most four decimals and names the same ten-thousandths, so
+// they are taken without the text.
+Dinero DineroDeDouble(double valor) {
+  if (std::fabs(valor) < 1e9) {
+    const qint64 diezmilesimos = std::llround(valor * 10000.0);
+    if (static_cast<double>(diezmilesimos) / 10000.0 == valor)
+      return Dinero::DeDiezmilesimos(diezmilesimos);
+  }
+  return Dinero::DeDouble(valor);
+}
+
+// Digits of a date written "yyyy-MM-dd", as every engine hands a date in text; an
+// invalid QDate for any other text.
+QDate FechaIso(QStringView t) {
+  if (t.size() < 10 || t[4] != u'-' || t[7] != u'-')
+    return {};
+  int partes[3] = {0, 0, 0};
+  const qsizetype inicio[3] = {0, 5, 8};
+  const qsizetype largo[3] = {4, 2, 2};
+  for (int p = 0; p < 3; ++p) {
+    for (qsizetype i = inicio[p]; i < inicio[p] + largo[p]; ++i) {
+      const char16_t c = t[i].unicode();
+      if (c < u'0' || c > u'9')
+        return {};
+      partes[p] = partes[p] * 10 + (c - u'0');
+    }
+  }
+  return QDate(partes[0], partes[1], partes[2]);
+}
+
 bool EsArchivoSqlite(const QString &ruta) {
   QFile f(ruta);
   if (!f.open(QIODevice::ReadOnly))
@@ -50,7 +83,7 @@ QString Valor::Texto() const {
   if (v_.isNull())
     return QString();
   if (v_.typeId() == QMetaType::Double)
-    return Dinero::DeDouble(v_.toDouble()).Texto();
+    return DineroDeDouble(v_.toDouble()).Texto();
   if (v_.typeId() == QMetaType::QDate)
     return v_.toDate().toString(QStringLiteral("yyyy-MM-dd"));
   if (v_.typeId() == QMetaType::QTime)
@@ -83,7 +116,7 @@ Dinero Valor::ComoDinero() const {
   if (v_.isNull())
     throw ErrorFatal(QStringLiteral("Uso no válido de Null en el campo %1.").arg(campo_));
   if (v_.typeId() == QMetaType::Double)
-    return Dinero::DeDouble(v_.toDouble());
+    return DineroDeDouble(v_.toDouble());
   bool ok = false;
   Dinero d = Dinero::DeTexto(v_.toString(), &ok);
   if (!ok)
@@ -100,7 +133,10 @@ QDate Valor::Fecha() const {
   if (v_.typeId() == QMetaType::QDateTime)
     return v_.toDateTime().date();
   const QString t = v_.toString().trimmed();
-  QDate d = QDate::fromString(t.left(10), QStringLiteral("yyyy-MM-dd"));
+  // The common text first, by hand: Qt's parser of formats costs more than the query.
+  QDate d = FechaIso(t);
+  if (!d.isValid())
+    d = QDate::fromString(t.left(10), QStringLiteral("yyyy-MM-dd"));
   if (!d.isValid())
     d = QDate::fromString(t.left(8), QStringLiteral("yyyyMMdd"));
   return d;
@@ -148,16 +184,19 @@ bool Registros::TieneCampo(const QString &nombre) const {
 }
 
 Valor Registros::Campo(const QString &nombre) const {
-  for (int i = 0; i < nombres_.size(); ++i) {
-    if (nombres_[i].compare(nombre, Qt::CaseInsensitive) == 0) {
-      if (fin_)
-        throw ErrorFatal(QStringLiteral("No hay registro actual para leer %1.").arg(nombre),
-                         sentencia_);
-      return Valor(fila_[i], nombres_[i]);
-    }
-  }
-  throw ErrorFatal(QStringLiteral("El campo %1 no existe en el resultado.").arg(nombre),
-                   sentencia_);
+  // Names are asked as the statement wrote them: an exact match first, then without
+  // regard to case.
+  qsizetype i = nombres_.indexOf(nombre);
+  for (qsizetype j = 0; i < 0 && j < nombres_.size(); ++j)
+    if (nombres_[j].compare(nombre, Qt::CaseInsensitive) == 0)
+      i = j;
+  if (i < 0)
+    throw ErrorFatal(QStringLiteral("El campo %1 no existe en el resultado.").arg(nombre),
+                     sentencia_);
+  if (fin_)
+    throw ErrorFatal(QStringLiteral("No hay registro actual para leer %1.").arg(nombre),
+                     sentencia_);
+  return Valor(fila_[static_cast<std::size_t>(i)], nombres_[i]);
 }
 
 // ---------------------------------------------------------------- Conexion
@@ -166,6 +205,7 @@ Conexion::Conexion(QString nombreQt, int motor, QString texto)
     : nombre_(std::move(nombreQt)), motor_(motor), texto_(std::move(texto)) {}
 
 Conexion::~Conexion() {
+  base_ = QSqlDatabase(); // Qt removes a connection only when no handle is left
   {
     QSqlDatabase db = QSqlDatabase::database(nombre_, false);
     if (db.isOpen())
@@ -179,7 +219,9 @@ void Conexion::InstalarGrabadora(Grabadora *g) { gGrabadora = g; }
 QSqlQuery Conexion::Preparar(const QString &sql) {
   if (gGrabadora)
     gGrabadora->sentencias << sql;
-  QSqlQuery q(QSqlDatabase::database(nombre_, false));
+  if (!base_.isValid())
+    base_ = QSqlDatabase::database(nombre_, false);
+  QSqlQuery q(base_);
   q.setForwardOnly(true);
   q.setNumericalPrecisionPolicy(QSql::HighPrecision);
   return q;

@@ -3,6 +3,7 @@
 #include "shell/Dinero.h"
 
 #include <QDate>
+#include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QString>
 #include <QStringList>
@@ -94,6 +95,9 @@ private:
   QString nombre_;
   int motor_;
   QString texto_;
+  // The handle of the Qt connection, taken at the first statement: finding it by name
+  // again for every statement takes the lock of Qt's registry of connections.
+  QSqlDatabase base_;
 };
 
 using ConexionPtr = std::unique_ptr<Conexion>;

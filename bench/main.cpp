@@ -1,0 +1,448 @@
+// The benchmark of generation and export: builds synthetic companies of several sizes,
+// runs the generation (all rules by document, then all by day) and the export of the
+// period (the accounting package's layout and a user layout of two rows) on each
+// engine, and compares each run with the replay of its own statements.
+
+#include "EmpresaSintetica.h"
+#include "Repeticion.h"
+
+#include "db/ConstructorBD.h"
+#include "db/EmpresaDemo.h"
+#include "db/Esquema.h"
+#include "export/FormatoArchivo.h"
+#include "export/GenerarArchivo.h"
+#include "journal/Arbol.h"
+#include "journal/Corrida.h"
+#include "journal/Generacion.h"
+#include "shell/CatalogoMensajes.h"
+#include "shell/ErrorFatal.h"
+#include "shell/Rutas.h"
+#include "shell/ServicioConexion.h"
+#include "shell/ServicioUtil.h"
+#include "shell/Sesion.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTextStream>
+
+#include <algorithm>
+#include <map>
+#include <vector>
+
+using namespace Qt::Literals::StringLiterals;
+
+namespace {
+
+const char *const kUso =
+    "Uso: escribano-bench [--documentos N[,N...]] [--documentos-mariadb N[,N...]]\n"
+    "                     [--dias D] [--renglones R] [--motores sqlite,mariadb]\n"
+    "  --documentos  tamaños de la empresa sintética (2000,8000,32000)\n"
+    "  --documentos-mariadb  tamaños sobre MariaDB, donde cada sentencia cuesta diez veces\n"
+    "                más (los de --documentos)\n"
+    "  --dias        días del periodo sobre los que se reparten los documentos (30)\n"
+    "  --renglones   renglones de cada venta y de cada recepción (12)\n"
+    "  --motores     sqlite siempre; mariadb con el servidor de scripts/mariadb.sh, cuyo\n"
+    "                origen de datos da ESCRIBANO_PRUEBA_DSN (los dos si está definido)\n";
+
+// The operations that the benchmark posts, each with its rules of the demo company.
+const std::vector<int> kOperaciones = {1, 2, 12, 22, 24};
+
+struct Opciones {
+  std::vector<int> tamanos = {2000, 8000, 32000};
+  std::vector<int> tamanosMariaDb; // empty: the same as tamanos
+  int dias = 30;
+  int renglones = 12;
+  QStringList motores;
+};
+
+// Reads the options; the text of what is wrong, or empty.
+QString LeerOpciones(const QStringList &args, Opciones &o) {
+  const auto entero = [](const QString &texto, int minimo, int maximo, int &valor) {
+    bool ok = false;
+    valor = texto.toInt(&ok);
+    return ok && valor >= minimo && valor <= maximo;
+  };
+  for (int i = 1; i < args.size(); ++i) {
+    const QString &opcion = args[i];
+    if (i + 1 >= args.size())
+      return u"Falta el valor de la opción %1."_s.arg(opcion);
+    const QString valor = args[++i];
+    if (opcion == u"--documentos"_s || opcion == u"--documentos-mariadb"_s) {
+      std::vector<int> &tamanos = opcion == u"--documentos"_s ? o.tamanos : o.tamanosMariaDb;
+      tamanos.clear();
+      for (const QString &parte : valor.split(u',')) {
+        int n = 0;
+        if (!entero(parte, 20, 1000000, n))
+          return u"Cada tamaño debe ser un número de documentos entre 20 y 1000000: «%1»."_s.arg(
+              parte);
+        tamanos.push_back(n);
+      }
+    } else if (opcion == u"--dias"_s) {
+      if (!entero(valor, 1, 366, o.dias))
+        return u"Los días deben ser un número entre 1 y 366: «%1»."_s.arg(valor);
+    } else if (opcion == u"--renglones"_s) {
+      if (!entero(valor, 1, 100, o.renglones))
+        return u"Los renglones deben ser un número entre 1 y 100: «%1»."_s.arg(valor);
+    } else if (opcion == u"--motores"_s) {
+      o.motores = valor.split(u',');
+      for (const QString &m : o.motores)
+        if (m != u"sqlite"_s && m != u"mariadb"_s)
+          return u"Motor desconocido «%1»: los motores son sqlite y mariadb."_s.arg(m);
+    } else {
+      return u"Opción desconocida: %1."_s.arg(opcion);
+    }
+  }
+  const QString dsn = qEnvironmentVariable("ESCRIBANO_PRUEBA_DSN");
+  if (o.motores.isEmpty()) {
+    o.motores << u"sqlite"_s;
+    if (!dsn.isEmpty())
+      o.motores << u"mariadb"_s;
+  }
+  if (o.tamanosMariaDb.empty())
+    o.tamanosMariaDb = o.tamanos;
+  if (o.motores.contains(u"mariadb"_s) && dsn.isEmpty())
+    return u"Para medir sobre MariaDB hace falta su servidor: ejecute «source "
+           "scripts/mariadb.sh», que define ESCRIBANO_PRUEBA_DSN."_s;
+  return {};
+}
+
+// One line of the table.
+struct Medida {
+  QString motor;
+  int documentos = 0;
+  QString prueba;
+  double segundos = 0;
+  qint64 sentencias = 0;
+  double repeticion = 0;
+  qint64 resultado = 0; // entries written, or lines of the file
+  double Razon() const { return segundos / repeticion; }
+  double MicrosPorDocumento() const { return segundos * 1e6 / documentos; }
+};
+
+QString CargaDelEquipo() {
+  QFile f(u"/proc/loadavg"_s);
+  if (!f.open(QIODevice::ReadOnly))
+    return u"desconocida"_s;
+  return QString::fromLatin1(f.readAll()).section(u' ', 0, 2);
+}
+
+// The installation of the benchmark: a folder with the program's folders and the
+// company of one engine, rebuilt for each size, and its untouched state, to which every
+// run and every replay returns first.
+class Banco {
+public:
+  Banco(const QString &motor, const Opciones &opciones) : motor_(motor), opciones_(opciones) {
+    if (!dir_.isValid())
+      throw ErrorFatal(u"No fue posible crear la carpeta temporal del banco de pruebas."_s);
+    LimpiarSesion();
+    qunsetenv("ESCRIBANO_RUTA");
+    IniciarRutas(dir_.path());
+    for (const char *carpeta : {"Temp", "Export"})
+      QDir().mkpath(RutaNativa(UnirRuta(gRutaApp, QLatin1String(carpeta))));
+    gNumEmp = 1;
+    gCodUsu = u"ADMIN"_s;
+    if (motor == u"mariadb"_s) {
+      gMotor = motor::kMySql;
+      gConexion = u"DSN="_s + qEnvironmentVariable("ESCRIBANO_PRUEBA_DSN");
+    } else {
+      gMotor = motor::kSqlite;
+      gConexion = u"SQLite=Empresa.db"_s;
+    }
+    CatalogoMensajes::Instalar(&mensajes_);
+  }
+  ~Banco() { CatalogoMensajes::Instalar(nullptr); }
+
+  // A company of the size, with nothing posted.
+  void Construir(int documentos) {
+    documentos_ = documentos;
+    const banco::Tamano tamano{documentos, opciones_.dias, opciones_.renglones};
+    if (gMotor == motor::kSqlite) {
+      BorrarSqlite(Plantilla());
+      demo::CrearBaseEmpresaSqlite(Plantilla());
+      ConexionPtr con = ServicioConexion::AbrirSqlite(Plantilla(), false, motor::kSqlite);
+      banco::LlenarEmpresa(*con, tamano);
+      return;
+    }
+    ConexionPtr con = Abrir();
+    constructor::BorrarTablas(*con, esquema::TablasEmpresa());
+    constructor::CrearTablas(*con, esquema::TablasEmpresa());
+    banco::LlenarEmpresa(*con, tamano);
+  }
+
+  // Generation of the period with every rule of the operations at one frequency.
+  Medida Generar(int frec) {
+    Medida m = Nueva(frec == 1 ? u"generacion_documento"_s : u"generacion_dia"_s);
+    Restablecer(frec);
+    Grabadora grabadora;
+    banco::Sentencias sentencias;
+    {
+      Corrida corrida;
+      corrida.Conexion = Abrir();
+      CargarOperaciones(corrida);
+      ArbolOperaciones arbol;
+      arbol.CargarArbol(*corrida.Conexion);
+      if (!arbol.MarcarOperaciones(kOperaciones))
+        throw ErrorFatal(u"La empresa sintética no tiene reglas para todas las operaciones."_s);
+      OpcionesGeneracion op;
+      op.Del = banco::InicioPeriodo();
+      op.Al = FinPeriodo();
+      op.FechaDefinida = op.Del;
+      op.Resumen = UnirRuta(gRutaApp, u"Temp\\Resumen%1.txt"_s.arg(++corridas_));
+      Generador generador(corrida, op);
+      generador.avance = [&](const AvanceGeneracion &) { sentencias.Tomar(grabadora); };
+      mensajes_.mostrados.clear();
+      banco::RastreoFilas rastreo;
+      QElapsedTimer reloj;
+      Conexion::InstalarGrabadora(&grabadora);
+      reloj.start();
+      const ResultadoGeneracion r = generador.GenerarPolizas(arbol);
+      sentencias.Tomar(grabadora);
+      m.segundos = Segundos(reloj);
+      Conexion::InstalarGrabadora(nullptr);
+      AnotarFilas(sentencias, rastreo);
+      if (mensajes_.Ids() != std::vector<int>{108})
+        throw ErrorFatal(u"La generación de %1 no terminó con el mensaje 108."_s.arg(m.prueba));
+      m.resultado = r.polizas;
+    }
+    const QString corrida = Huella();
+    Restablecer(frec);
+    Repetir(m, sentencias);
+    if (Huella() != corrida)
+      throw ErrorFatal(u"La repetición de %1 no dejó las mismas filas que la corrida: %2 contra "
+                       "%3."_s.arg(m.prueba, Huella(), corrida));
+    return m;
+  }
+
+  // Export of the period's entries, as the last generation left them.
+  Medida Exportar(banco::Formato formato) {
+    Medida m = Nueva(formato == banco::Formato::Contpaq ? u"exportacion_contpaq"_s
+                                                        : u"exportacion_usuario"_s);
+    banco::FijarFormato(*Abrir(), formato);
+    Grabadora grabadora;
+    banco::Sentencias sentencias;
+    {
+      ConexionPtr con = Abrir();
+      banco::RastreoFilas rastreo;
+      DatosGenerarArchivo datos;
+      datos.fechaIni = banco::InicioPeriodo();
+      datos.fechaFin = FinPeriodo();
+      datos.archivo = UnirRuta(gRutaApp, u"Export\\%1.txt"_s.arg(m.prueba));
+      FormatoArchivo f;
+      mensajes_.mostrados.clear();
+      QElapsedTimer reloj;
+      Conexion::InstalarGrabadora(&grabadora);
+      reloj.start();
+      const bool hayFormato = CargarFormato(*con, f);
+      const ResultadoArchivo r =
+          hayFormato ? GenerarArchivo(*con, f, datos, [&](qint64) { sentencias.Tomar(grabadora); })
+                     : ResultadoArchivo{};
+      sentencias.Tomar(grabadora);
+      m.segundos = Segundos(reloj);
+      Conexion::InstalarGrabadora(nullptr);
+      AnotarFilas(sentencias, rastreo);
+      if (!r.completo)
+        throw ErrorFatal(u"La exportación %1 no terminó: %2"_s.arg(m.prueba, r.falla));
+      m.resultado = r.lineas;
+    }
+    Repetir(m, sentencias);
+    return m;
+  }
+
+private:
+  static double Segundos(const QElapsedTimer &reloj) {
+    return static_cast<double>(reloj.nsecsElapsed()) / 1e9;
+  }
+  QDate FinPeriodo() const { return banco::InicioPeriodo().addDays(opciones_.dias - 1); }
+  QString Plantilla() const { return UnirRuta(gRutaApp, u"Plantilla.db"_s); }
+
+  Medida Nueva(const QString &prueba) const {
+    Medida m;
+    m.motor = motor_;
+    m.documentos = documentos_;
+    m.prueba = prueba;
+    return m;
+  }
+
+  ConexionPtr Abrir() const {
+    ServicioConexion s;
+    s.Motor = gMotor;
+    return s.AbrirConexion(gConexion);
+  }
+
+  static void BorrarSqlite(const QString &ruta) {
+    for (const char *sufijo : {"", "-wal", "-shm"})
+      QFile::remove(RutaNativa(ruta + QLatin1String(sufijo)));
+  }
+
+  // The company as it was built, with every rule at the frequency. By day the cash
+  // sale's row of datum 97 is left out: its key names the column without the table,
+  // which a posting by day can't take.
+  void Restablecer(int frec) {
+    if (gMotor == motor::kSqlite) {
+      const QString empresa = UnirRuta(gRutaApp, u"Empresa.db"_s);
+      BorrarSqlite(empresa);
+      if (!QFile::copy(RutaNativa(Plantilla()), RutaNativa(empresa)))
+        throw ErrorFatal(u"No fue posible copiar la empresa sintética a %1."_s.arg(empresa));
+    }
+    ConexionPtr con = Abrir();
+    if (gMotor != motor::kSqlite) {
+      for (const char *tabla :
+           {"tblPolizasEnc", "tblPolizasRen", "tblMovimxPoliza", "tblBitacoraPolizas"})
+        con->Ejecutar(u"TRUNCATE TABLE %1"_s.arg(QLatin1String(tabla)));
+      con->Ejecutar(u"UPDATE tblFolios SET FOL_FOLIOS='0'"_s);
+      for (const char *tabla : {"tblGralVentas", "tblComprasEnc", "tblGastosEnc", "tblIngreEgre"})
+        con->Ejecutar(u"UPDATE %1 SET CONTAB=0"_s.arg(QLatin1String(tabla)));
+    }
+    con->Ejecutar(u"UPDATE tblOperacionxConcep SET FREC=%1"_s.arg(frec));
+    if (frec == 2)
+      con->Ejecutar(u"DELETE FROM tblRubrosxOperacion WHERE COD_OPER=1 AND COD_DATO=97"_s);
+  }
+
+  // What a run leaves in the journal tables, to tell that a replay did the same work.
+  QString Huella() const {
+    ConexionPtr con = Abrir();
+    Registros r = con->Abrir(
+        u"SELECT COUNT(*) AS N,SUM(IMP_DEBE) AS D,SUM(IMP_HABER) AS H FROM tblPolizasRen"_s);
+    QString huella = r.Campo(u"N"_s).Texto() + u"/"_s + r.Campo(u"D"_s).ComoDinero().Texto() +
+                     u"/"_s + r.Campo(u"H"_s).ComoDinero().Texto();
+    for (const char *tabla : {"tblPolizasEnc", "tblMovimxPoliza", "tblBitacoraPolizas"}) {
+      Registros c = con->Abrir(u"SELECT COUNT(*) AS N FROM %1"_s.arg(QLatin1String(tabla)));
+      huella += u"/"_s + c.Campo(u"N"_s).Texto();
+    }
+    return huella;
+  }
+
+  // The rows that the run read of each statement, for the replay to read as many. The
+  // count of statements that the engine began must be that of the recorder: a statement
+  // sent to another connection would put every count out of place.
+  static void AnotarFilas(banco::Sentencias &sentencias, const banco::RastreoFilas &rastreo) {
+    if (rastreo.Filas().empty())
+      return;
+    if (static_cast<qsizetype>(rastreo.Filas().size()) != sentencias.Cuenta())
+      throw ErrorFatal(
+          u"El motor comenzó %1 sentencias y la grabadora tiene %2."_s.arg(rastreo.Filas().size())
+              .arg(sentencias.Cuenta()));
+    sentencias.FijarFilas(rastreo.Filas());
+  }
+
+  static void Repetir(Medida &m, const banco::Sentencias &sentencias) {
+    m.sentencias = sentencias.Cuenta();
+    const banco::Repeticion r = banco::Repetir(sentencias);
+    if (r.rechazadas > 0)
+      throw ErrorFatal(
+          u"La repetición de %1 tuvo %2 sentencias rechazadas."_s.arg(m.prueba).arg(r.rechazadas));
+    m.repeticion = r.segundos;
+  }
+
+  QString motor_;
+  Opciones opciones_;
+  QTemporaryDir dir_;
+  PresentadorGrabador mensajes_;
+  int documentos_ = 0;
+  int corridas_ = 0;
+};
+
+QString Columna(const QString &texto, int ancho) { return texto.leftJustified(ancho); }
+QString Numero(double valor, int decimales, int ancho) {
+  return QString::number(valor, 'f', decimales).rightJustified(ancho);
+}
+
+void ImprimirEncabezado(QTextStream &out) {
+  out << Columna(u"motor"_s, 8) << Columna(u"docs"_s, 7) << Columna(u"prueba"_s, 22)
+      << u"segundos"_s.rightJustified(9) << u"docs/s"_s.rightJustified(9)
+      << u"sentencias"_s.rightJustified(11) << u"repeticion_s"_s.rightJustified(13)
+      << u"razon"_s.rightJustified(7) << u"us/doc"_s.rightJustified(8)
+      << u"resultado"_s.rightJustified(10) << "\n";
+}
+
+void Imprimir(QTextStream &out, const Medida &m) {
+  out << Columna(m.motor, 8) << Columna(QString::number(m.documentos), 7) << Columna(m.prueba, 22)
+      << Numero(m.segundos, 3, 9) << Numero(m.documentos / m.segundos, 0, 9)
+      << QString::number(m.sentencias).rightJustified(11) << Numero(m.repeticion, 3, 13)
+      << Numero(m.Razon(), 3, 7) << Numero(m.MicrosPorDocumento(), 1, 8)
+      << QString::number(m.resultado).rightJustified(10) << Qt::endl;
+}
+
+// The time per document of each test at each size; its change from the smallest size to
+// the largest, and the spread between the extremes. A time that grows with the size points
+// at a scan; one that shrinks is a cost of each day or rule spread over more documents.
+void ImprimirCrecimiento(QTextStream &out, const std::vector<Medida> &medidas) {
+  std::map<std::pair<QString, QString>, std::vector<const Medida *>> series;
+  for (const Medida &m : medidas)
+    series[{m.motor, m.prueba}].push_back(&m);
+  out << "\nCrecimiento: microsegundos por documento en cada tamaño\n";
+  for (const auto &[clave, serie] : series) {
+    out << Columna(clave.first, 8) << Columna(clave.second, 22);
+    double minimo = serie.front()->MicrosPorDocumento(), maximo = minimo;
+    for (const Medida *m : serie) {
+      out << u"  %1: %2"_s.arg(m->documentos).arg(m->MicrosPorDocumento(), 0, 'f', 1);
+      minimo = std::min(minimo, m->MicrosPorDocumento());
+      maximo = std::max(maximo, m->MicrosPorDocumento());
+    }
+    const double cambio =
+        serie.back()->MicrosPorDocumento() / serie.front()->MicrosPorDocumento() - 1;
+    out << u"   cambio %1 %, dispersion %2 %"_s.arg(cambio * 100, 0, 'f', 1)
+               .arg((maximo / minimo - 1) * 100, 0, 'f', 1)
+        << "\n";
+  }
+}
+
+} // namespace
+
+int main(int argc, char *argv[]) {
+  QCoreApplication app(argc, argv);
+  QTextStream out(stdout);
+  QTextStream err(stderr);
+  Opciones opciones;
+  const QStringList args = QCoreApplication::arguments();
+  if (args.contains(u"--ayuda"_s)) {
+    out << kUso;
+    return 0;
+  }
+  const QString error = LeerOpciones(args, opciones);
+  if (!error.isEmpty()) {
+    err << error << "\n\n" << kUso;
+    return 2;
+  }
+  try {
+    out << "Carga del equipo al empezar: " << CargaDelEquipo() << "\n";
+    out << "Periodo de " << opciones.dias << " días, " << opciones.renglones
+        << " renglones por venta y por recepción; operaciones 1, 2, 12, 22 y 24\n";
+    out << "De cada 20 documentos: 11 ventas de contado, 3 a crédito, 2 recepciones, 2 gastos "
+           "y 2 depósitos\n";
+    out << "repeticion_s: las mismas sentencias por el mismo controlador; lee en SQLite las filas "
+           "que leyó la corrida, en MariaDB todas\n";
+    out << "razon: segundos / repeticion_s; resultado: pólizas grabadas, o líneas del archivo\n\n";
+    ImprimirEncabezado(out);
+    std::vector<Medida> medidas;
+    for (const QString &motor : opciones.motores) {
+      Banco banco(motor, opciones);
+      for (int documentos : motor == u"mariadb"_s ? opciones.tamanosMariaDb : opciones.tamanos) {
+        banco.Construir(documentos);
+        const auto anotar = [&](const Medida &m) {
+          Imprimir(out, m);
+          medidas.push_back(m);
+        };
+        // The exports read the entries of the generation by document.
+        anotar(banco.Generar(1));
+        anotar(banco.Exportar(banco::Formato::Contpaq));
+        anotar(banco.Exportar(banco::Formato::DosRenglones));
+        anotar(banco.Generar(2));
+      }
+    }
+    if (opciones.tamanos.size() > 1 || opciones.tamanosMariaDb.size() > 1)
+      ImprimirCrecimiento(out, medidas);
+    double razon = 0;
+    for (const Medida &m : medidas)
+      razon = std::max(razon, m.Razon());
+    out << "\nCarga del equipo al terminar: " << CargaDelEquipo() << "\n";
+    out << u"overhead_ratio_max=%1"_s.arg(razon, 0, 'f', 3) << Qt::endl;
+  } catch (const ErrorFatal &e) {
+    err << e.TextoCompleto() << "\n";
+    return 1;
+  }
+  return 0;
+}
