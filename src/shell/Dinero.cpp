@@ -26,12 +26,6 @@ std::int64_t DividirLejosDeCero(std::int64_t v, std::int64_t divisor) {
   return q;
 }
 
-QString ConMiles(QString enteros) {
-  for (qsizetype i = enteros.size() - 3; i > 0; i -= 3)
-    enteros.insert(i, QLatin1Char(','));
-  return enteros;
-}
-
 } // namespace
 
 Dinero Dinero::DeTexto(QStringView texto, bool *ok) {
@@ -113,13 +107,28 @@ QString Dinero::Texto() const {
 }
 
 QString Dinero::Formato(QStringView mascara) const {
-  std::int64_t centavos = DividirLejosDeCero(v_, 100);
-  std::int64_t a = std::llabs(centavos);
-  QString enteros = QString::number(a / 100);
-  if (mascara.contains(u','))
-    enteros = ConMiles(enteros);
-  QString s = enteros + QStringLiteral(".%1").arg(a % 100, 2, 10, QLatin1Char('0'));
-  return centavos < 0 ? QLatin1Char('-') + s : s;
+  const std::int64_t centavos = DividirLejosDeCero(v_, 100);
+  std::uint64_t a = static_cast<std::uint64_t>(centavos < 0 ? -centavos : centavos);
+  const bool miles = mascara.contains(u',');
+  // Digits from the right: two decimals, the point, then the whole part in groups.
+  char16_t buffer[40];
+  char16_t *p = buffer + 40;
+  *--p = static_cast<char16_t>(u'0' + a % 10);
+  a /= 10;
+  *--p = static_cast<char16_t>(u'0' + a % 10);
+  a /= 10;
+  *--p = u'.';
+  int digitos = 0;
+  do {
+    if (miles && digitos > 0 && digitos % 3 == 0)
+      *--p = u',';
+    *--p = static_cast<char16_t>(u'0' + a % 10);
+    a /= 10;
+    ++digitos;
+  } while (a != 0);
+  if (centavos < 0)
+    *--p = u'-';
+  return QString(reinterpret_cast<const QChar *>(p), buffer + 40 - p);
 }
 
 Dinero Dinero::operator*(Dinero o) const {

@@ -58,12 +58,12 @@ constexpr std::array<char16_t, 32> kAltos = {
 } // namespace
 
 QByteArray CodificarWindows1252(const QString &texto) {
-  QByteArray salida;
-  salida.reserve(texto.size());
+  QByteArray salida(texto.size(), Qt::Uninitialized);
+  char *destino = salida.data();
   for (QChar c : texto) {
     const char16_t u = c.unicode();
     if (u < 0x80 || (u >= 0xA0 && u <= 0xFF)) {
-      salida.append(static_cast<char>(u));
+      *destino++ = static_cast<char>(u);
       continue;
     }
     char byte = '?';
@@ -73,7 +73,7 @@ QByteArray CodificarWindows1252(const QString &texto) {
         break;
       }
     }
-    salida.append(byte);
+    *destino++ = byte;
   }
   return salida;
 }
