@@ -12,7 +12,6 @@
 #include <QFileDialog>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
 #include <QVBoxLayout>
@@ -104,19 +103,7 @@ frmGenerarArchivo::frmGenerarArchivo(QWidget *padre) : QDialog(padre), cdgArchiv
   setTabOrder(cmbOperaciones, cmbConceptos);
 
   new RechazoApostrofe(this);
-  new EnterSiguiente(this, {QStringLiteral("dtpFechaIni"), QStringLiteral("dtpFechaFin")});
-  // A Tab in a date goes to its next part: Enter there moves on to the next control.
-  new VistaPreviaTeclas(this, [this](QWidget *control, QKeyEvent *tecla) {
-    if (tecla->key() != Qt::Key_Return && tecla->key() != Qt::Key_Enter)
-      return false;
-    for (QDateEdit *d : {dtpFechaIni, dtpFechaFin}) {
-      if (control == d || d->isAncestorOf(control)) {
-        focusNextChild();
-        return true;
-      }
-    }
-    return false;
-  });
+  new EnterSiguiente(this);
   cmbOperaciones->AlCambiar([this] { LlenarConceptos(); });
 
   ServicioConexion servicio;

@@ -18,7 +18,6 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QProgressBar>
@@ -146,20 +145,8 @@ frmGenerarPolizas::frmGenerarPolizas(QWidget *padre) : QDialog(padre), cdgBuscar
   setTabOrder(txtResumen, cmdBusca);
 
   new RechazoApostrofe(this);
-  new EnterSiguiente(
-      this, {QStringLiteral("txtFolPol"), QStringLiteral("cmdBusca"), QStringLiteral("dtpFecha")});
-  // The dates keep Enter from the form, and take it themselves to move on.
-  new VistaPreviaTeclas(this, [this](QWidget *control, QKeyEvent *tecla) {
-    if (tecla->key() != Qt::Key_Return && tecla->key() != Qt::Key_Enter)
-      return false;
-    for (QDateEdit *d : dtpFecha) {
-      if (control == d || d->isAncestorOf(control)) {
-        focusNextChild();
-        return true;
-      }
-    }
-    return false;
-  });
+  // Enter moves on everywhere, dates included, but in these, which keep the key.
+  new EnterSiguiente(this, {QStringLiteral("txtFolPol"), QStringLiteral("cmdBusca")});
   for (int i = 0; i < 3; ++i)
     connect(dtpFecha[i], &QDateEdit::dateChanged, this, [this, i] { dtpFecha_Change(i); });
   connect(tvwOperaciones, &QTreeWidget::itemChanged, this,

@@ -66,8 +66,10 @@ EnterSiguiente::EnterSiguiente(QWidget *ventana, QStringList excepciones)
       }) {}
 
 void EnviarTab(QWidget *control) {
+  // To the window, not the control: a date keeps a Tab of its own to move between day,
+  // month and year, while the window moves the focus on from whatever control has it.
   QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, QStringLiteral("\t"));
-  QCoreApplication::sendEvent(control, &tab);
+  QCoreApplication::sendEvent(control->window(), &tab);
 }
 
 RelojArena::RelojArena() { QApplication::setOverrideCursor(Qt::WaitCursor); }

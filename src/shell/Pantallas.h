@@ -45,7 +45,7 @@ public:
   explicit EnterSiguiente(QWidget *ventana, QStringList excepciones = {});
 };
 
-// Sends a Tab key to a control: the focus goes on to the next control of its window.
+// A Tab for a control: the focus goes on from it to the next control of its window.
 void EnviarTab(QWidget *control);
 
 // The hourglass pointer for as long as the guard lives.
