@@ -12,6 +12,7 @@
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlRecord>
+#include <algorithm>
 #include <atomic>
 #include <cmath>
 
@@ -153,17 +154,24 @@ double Valor::Numero() const {
 
 // ---------------------------------------------------------------- Registros
 
-Registros::Registros(QSqlQuery consulta, QString sentencia)
+Registros::Registros(std::shared_ptr<QSqlQuery> consulta, QString sentencia)
     : q_(std::move(consulta)), sentencia_(std::move(sentencia)) {
-  const QSqlRecord r = q_.record();
+  // Read at every run: a table built again under its name may bring other columns to a
+  // statement kept compiled.
+  const QSqlRecord r = q_->record();
   for (int i = 0; i < r.count(); ++i)
     nombres_ << r.fieldName(i);
   Siguiente();
   vacio_ = fin_;
 }
 
+Registros::~Registros() {
+  if (q_)
+    q_->finish();
+}
+
 void Registros::Siguiente() {
-  if (q_.next()) {
+  if (q_->next()) {
     fin_ = false;
     LeerFila();
   } else {
@@ -176,14 +184,14 @@ void Registros::LeerFila() {
   // Read in column order: some ODBC drivers hand a forward-only row out only that way.
   fila_.resize(nombres_.size());
   for (int i = 0; i < nombres_.size(); ++i)
-    fila_[i] = q_.value(i);
+    fila_[i] = q_->value(i);
 }
 
 bool Registros::TieneCampo(const QString &nombre) const {
   return nombres_.contains(nombre, Qt::CaseInsensitive);
 }
 
-Valor Registros::Campo(const QString &nombre) const {
+qsizetype Registros::Indice(const QString &nombre) const {
   // Names are asked as the statement wrote them: an exact match first, then without
   // regard to case.
   qsizetype i = nombres_.indexOf(nombre);
@@ -193,11 +201,18 @@ Valor Registros::Campo(const QString &nombre) const {
   if (i < 0)
     throw ErrorFatal(QStringLiteral("El campo %1 no existe en el resultado.").arg(nombre),
                      sentencia_);
-  if (fin_)
-    throw ErrorFatal(QStringLiteral("No hay registro actual para leer %1.").arg(nombre),
-                     sentencia_);
-  return Valor(fila_[static_cast<std::size_t>(i)], nombres_[i]);
+  return i;
 }
+
+Valor Registros::Campo(qsizetype indice) const {
+  if (fin_)
+    throw ErrorFatal(
+        QStringLiteral("No hay registro actual para leer %1.").arg(nombres_.value(indice)),
+        sentencia_);
+  return Valor(fila_[static_cast<std::size_t>(indice)], nombres_[indice]);
+}
+
+Valor Registros::Campo(const QString &nombre) const { return Campo(Indice(nombre)); }
 
 // ---------------------------------------------------------------- Conexion
 
@@ -205,6 +220,7 @@ Conexion::Conexion(QString nombreQt, int motor, QString texto)
     : nombre_(std::move(nombreQt)), motor_(motor), texto_(std::move(texto)) {}
 
 Conexion::~Conexion() {
+  compiladas_.clear();
   base_ = QSqlDatabase(); // Qt removes a connection only when no handle is left
   {
     QSqlDatabase db = QSqlDatabase::database(nombre_, false);
@@ -219,8 +235,10 @@ void Conexion::InstalarGrabadora(Grabadora *g) { gGrabadora = g; }
 QSqlQuery Conexion::Preparar(const QString &sql) {
   if (gGrabadora)
     gGrabadora->sentencias << sql;
-  if (!base_.isValid())
+  if (!base_.isValid()) {
     base_ = QSqlDatabase::database(nombre_, false);
+    guardaCompiladas_ = base_.driverName() == QStringLiteral("QSQLITE");
+  }
   QSqlQuery q(base_);
   q.setForwardOnly(true);
   q.setNumericalPrecisionPolicy(QSql::HighPrecision);
@@ -245,19 +263,45 @@ bool Conexion::IntentarEjecutar(const QString &sql, int *afectados, QString *err
   return ok;
 }
 
+std::shared_ptr<QSqlQuery> Conexion::Consultar(const QString &sql) {
+  // Few texts come back, and those soon: the lookups of each line of an export, the
+  // earlier postings of each line of an entry.
+  constexpr std::size_t kCompiladas = 16;
+  for (auto it = compiladas_.begin(); it != compiladas_.end(); ++it) {
+    // A record set still open on the statement keeps it to itself.
+    if (it->sql.size() != sql.size() || it->consulta.use_count() > 1 || it->sql != sql)
+      continue;
+    if (gGrabadora)
+      gGrabadora->sentencias << sql;
+    std::shared_ptr<QSqlQuery> q = it->consulta;
+    if (q->exec())
+      std::rotate(it, it + 1, compiladas_.end());
+    else
+      compiladas_.erase(it);
+    return q;
+  }
+  auto q = std::make_shared<QSqlQuery>(Preparar(sql));
+  if (q->exec(sql) && guardaCompiladas_ && q->isSelect()) {
+    if (compiladas_.size() == kCompiladas)
+      compiladas_.erase(compiladas_.begin());
+    compiladas_.push_back({sql, q});
+  }
+  return q;
+}
+
 Registros Conexion::Abrir(const QString &sql) {
-  QSqlQuery q = Preparar(sql);
-  if (!q.exec(sql))
-    throw ErrorFatal(QStringLiteral("Error al leer la consulta: %1").arg(TextoError(q.lastError())),
-                     sql);
+  std::shared_ptr<QSqlQuery> q = Consultar(sql);
+  if (!q->isActive())
+    throw ErrorFatal(
+        QStringLiteral("Error al leer la consulta: %1").arg(TextoError(q->lastError())), sql);
   return Registros(std::move(q), sql);
 }
 
 std::unique_ptr<Registros> Conexion::IntentarAbrir(const QString &sql, QString *error) {
-  QSqlQuery q = Preparar(sql);
-  if (!q.exec(sql)) {
+  std::shared_ptr<QSqlQuery> q = Consultar(sql);
+  if (!q->isActive()) {
     if (error)
-      *error = TextoError(q.lastError());
+      *error = TextoError(q->lastError());
     return nullptr;
   }
   return std::make_unique<Registros>(std::move(q), sql);

@@ -41,18 +41,27 @@ private:
 // first row; EOF after the last one. Vacio() is BOF and EOF together.
 class Registros {
 public:
-  Registros(QSqlQuery consulta, QString sentencia);
+  // Stands on a query that has run.
+  Registros(std::shared_ptr<QSqlQuery> consulta, QString sentencia);
+  // Leaves the query finished: one that its connection keeps compiled holds no read open.
+  ~Registros();
+  Registros(Registros &&) noexcept = default;
+  Registros &operator=(Registros &&) noexcept = default;
   bool Vacio() const { return vacio_; }
   bool Fin() const { return fin_; }
   void Siguiente();
   // A field of the current row by name, without regard to case; an unknown name is fatal.
   Valor Campo(const QString &nombre) const;
+  // The place of a field among the columns, found as Campo finds it; a loop over many
+  // rows finds it once and reads each row by it.
+  qsizetype Indice(const QString &nombre) const;
+  Valor Campo(qsizetype indice) const;
   bool TieneCampo(const QString &nombre) const;
   QStringList Campos() const { return nombres_; }
 
 private:
   void LeerFila();
-  QSqlQuery q_;
+  std::shared_ptr<QSqlQuery> q_;
   QString sentencia_;
   QStringList nombres_;
   std::vector<QVariant> fila_;
@@ -92,6 +101,17 @@ public:
 
 private:
   QSqlQuery Preparar(const QString &sql);
+  // Runs a query that gives rows. On the embedded engine the compiled statement is kept
+  // under its text and run again when the same text comes back: the query still goes to
+  // the database every time, only its compilation is spared. The query holds the error
+  // when it fails.
+  std::shared_ptr<QSqlQuery> Consultar(const QString &sql);
+  struct Compilada {
+    QString sql;
+    std::shared_ptr<QSqlQuery> consulta;
+  };
+  std::vector<Compilada> compiladas_; // the most recently used last
+  bool guardaCompiladas_ = false;
   QString nombre_;
   int motor_;
   QString texto_;

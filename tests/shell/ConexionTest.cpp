@@ -189,6 +189,93 @@ TEST_P(Conexiones, MoneyComesBackExact) {
   EXPECT_EQ(r.Campo(QStringLiteral("S")).ComoDinero().Diezmilesimos(), 12345678901LL);
 }
 
+TEST_P(Conexiones, AFieldFoundOnceIsReadByItsPlaceOnEveryRow) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  con->Ejecutar(QStringLiteral("INSERT INTO tblFolios (COD_FOLIO,FOL_FOLIOS) VALUES ('E','12')"));
+  con->Ejecutar(QStringLiteral("INSERT INTO tblFolios (COD_FOLIO,FOL_FOLIOS) VALUES ('I','7')"));
+  Registros r = con->Abrir(QStringLiteral("SELECT FOL_FOLIOS,COD_FOLIO FROM tblFolios ORDER BY "
+                                          "COD_FOLIO;"));
+  const qsizetype codigo = r.Indice(QStringLiteral("cod_folio"));
+  EXPECT_EQ(codigo, 1);
+  EXPECT_EQ(r.Campo(codigo).Texto(), QStringLiteral("E"));
+  r.Siguiente();
+  EXPECT_EQ(r.Campo(codigo).Texto(), QStringLiteral("I"));
+  r.Siguiente();
+  EXPECT_THROW(r.Campo(codigo), ErrorFatal);
+  EXPECT_THROW(r.Indice(QStringLiteral("NO_HAY")), ErrorFatal);
+}
+
+TEST_P(Conexiones, AQuerySentAgainReadsWhatWasWrittenMeanwhile) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  const QString contar = QStringLiteral("SELECT COUNT(*) AS N FROM tblFolios");
+  emp.grabadora.sentencias.clear();
+  for (int esperado = 0; esperado < 3; ++esperado) {
+    EXPECT_EQ(con->Abrir(contar).Campo(QStringLiteral("N")).Entero(), esperado);
+    con->Ejecutar(QStringLiteral("INSERT INTO tblFolios (COD_FOLIO) VALUES ('F%1')").arg(esperado));
+  }
+  // Every time the query goes to the database and to the recorder.
+  EXPECT_EQ(emp.grabadora.sentencias.count(contar), 3);
+}
+
+TEST_P(Conexiones, TwoRecordSetsOfOneTextKeepEachItsOwnRow) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  con->Ejecutar(QStringLiteral("INSERT INTO tblFolios (COD_FOLIO) VALUES ('E')"));
+  con->Ejecutar(QStringLiteral("INSERT INTO tblFolios (COD_FOLIO) VALUES ('I')"));
+  const QString todos = QStringLiteral("SELECT COD_FOLIO FROM tblFolios ORDER BY COD_FOLIO");
+  con->Abrir(todos); // leaves its statement free again
+  Registros primero = con->Abrir(todos);
+  primero.Siguiente();
+  Registros segundo = con->Abrir(todos);
+  EXPECT_EQ(primero.Campo(QStringLiteral("COD_FOLIO")).Texto(), QStringLiteral("I"));
+  EXPECT_EQ(segundo.Campo(QStringLiteral("COD_FOLIO")).Texto(), QStringLiteral("E"));
+  segundo.Siguiente();
+  segundo.Siguiente();
+  EXPECT_TRUE(segundo.Fin());
+  EXPECT_EQ(primero.Campo(QStringLiteral("COD_FOLIO")).Texto(), QStringLiteral("I"));
+}
+
+TEST_P(Conexiones, ARecordSetLeftHalfReadHoldsNoOlderViewOfTheData) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr lectora = emp.Abrir();
+  ConexionPtr escritora = emp.Abrir();
+  escritora->Ejecutar(QStringLiteral("INSERT INTO tblFolios (COD_FOLIO) VALUES ('E')"));
+  escritora->Ejecutar(QStringLiteral("INSERT INTO tblFolios (COD_FOLIO) VALUES ('I')"));
+  {
+    Registros r = lectora->Abrir(QStringLiteral("SELECT COD_FOLIO FROM tblFolios"));
+    EXPECT_FALSE(r.Fin());
+  }
+  escritora->Ejecutar(QStringLiteral("INSERT INTO tblFolios (COD_FOLIO) VALUES ('D')"));
+  EXPECT_EQ(lectora->Abrir(QStringLiteral("SELECT COUNT(*) AS N FROM tblFolios"))
+                .Campo(QStringLiteral("N"))
+                .Entero(),
+            3);
+}
+
+TEST_P(Conexiones, ATableBuiltAgainUnderItsNameIsReadWithItsNewColumns) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  const QString todo = QStringLiteral("SELECT * FROM tblPrueba");
+  con->Ejecutar(QStringLiteral("CREATE TABLE tblPrueba (A INTEGER)"));
+  con->Ejecutar(QStringLiteral("INSERT INTO tblPrueba (A) VALUES (1)"));
+  EXPECT_EQ(con->Abrir(todo).Campos(), QStringList{QStringLiteral("A")});
+  con->Ejecutar(QStringLiteral("DROP TABLE tblPrueba"));
+  EXPECT_THROW(con->Abrir(todo), ErrorFatal);
+  con->Ejecutar(QStringLiteral("CREATE TABLE tblPrueba (B INTEGER, C INTEGER)"));
+  con->Ejecutar(QStringLiteral("INSERT INTO tblPrueba (B,C) VALUES (2,3)"));
+  {
+    Registros r = con->Abrir(todo);
+    EXPECT_EQ(r.Campos(), QStringList({QStringLiteral("B"), QStringLiteral("C")}));
+    EXPECT_EQ(r.Campo(QStringLiteral("C")).Entero(), 3);
+  }
+  con->Ejecutar(QStringLiteral("DROP TABLE tblPrueba"));
+  con->Ejecutar(QStringLiteral("CREATE TABLE tblPrueba (D INTEGER)"));
+  EXPECT_EQ(con->Abrir(todo).Campos(), QStringList{QStringLiteral("D")});
+  con->Ejecutar(QStringLiteral("DROP TABLE tblPrueba"));
+}
+
 INSTANTIATE_TEST_SUITE_P(Motores, Conexiones, testing::ValuesIn(MotoresDePrueba()), NombreMotor);
 
 TEST(FechaSQL, EachEngineHasItsLiteral) {
