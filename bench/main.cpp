@@ -39,13 +39,15 @@ namespace {
 const char *const kUso =
     "Uso: escribano-bench [--documentos N[,N...]] [--documentos-mariadb N[,N...]]\n"
     "                     [--dias D] [--renglones R] [--motores sqlite,mariadb]\n"
+    "                     [--archivos CARPETA]\n"
     "  --documentos  tamaños de la empresa sintética (2000,8000,32000)\n"
     "  --documentos-mariadb  tamaños sobre MariaDB, donde cada sentencia cuesta diez veces\n"
     "                más (los de --documentos)\n"
     "  --dias        días del periodo sobre los que se reparten los documentos (30)\n"
     "  --renglones   renglones de cada venta y de cada recepción (12)\n"
     "  --motores     sqlite siempre; mariadb con el servidor de scripts/mariadb.sh, cuyo\n"
-    "                origen de datos da ESCRIBANO_PRUEBA_DSN (los dos si está definido)\n";
+    "                origen de datos da ESCRIBANO_PRUEBA_DSN (los dos si está definido)\n"
+    "  --archivos    copia ahí cada archivo exportado, para comparar dos compilaciones\n";
 
 // The operations that the benchmark posts, each with its rules of the demo company.
 const std::vector<int> kOperaciones = {1, 2, 12, 22, 24};
@@ -56,6 +58,7 @@ struct Opciones {
   int dias = 30;
   int renglones = 12;
   QStringList motores;
+  QString archivos; // where the exported files are kept, or empty
 };
 
 // Reads the options; the text of what is wrong, or empty.
@@ -86,6 +89,10 @@ QString LeerOpciones(const QStringList &args, Opciones &o) {
     } else if (opcion == u"--renglones"_s) {
       if (!entero(valor, 1, 100, o.renglones))
         return u"Los renglones deben ser un número entre 1 y 100: «%1»."_s.arg(valor);
+    } else if (opcion == u"--archivos"_s) {
+      if (!QDir().mkpath(valor))
+        return u"No fue posible crear la carpeta «%1»."_s.arg(valor);
+      o.archivos = valor;
     } else if (opcion == u"--motores"_s) {
       o.motores = valor.split(u',');
       for (const QString &m : o.motores)
@@ -246,6 +253,8 @@ public:
       if (!r.completo)
         throw ErrorFatal(u"La exportación %1 no terminó: %2"_s.arg(m.prueba, r.falla));
       m.resultado = r.lineas;
+      if (!opciones_.archivos.isEmpty())
+        Conservar(datos.archivo, m);
     }
     Repetir(m, sentencias);
     return m;
@@ -270,6 +279,15 @@ private:
     ServicioConexion s;
     s.Motor = gMotor;
     return s.AbrirConexion(gConexion);
+  }
+
+  void Conservar(const QString &archivo, const Medida &m) const {
+    const QString copia =
+        QDir(opciones_.archivos)
+            .filePath(u"%1_%2_%3.txt"_s.arg(m.motor).arg(m.documentos).arg(m.prueba));
+    QFile::remove(copia);
+    if (!QFile::copy(RutaNativa(archivo), copia))
+      throw ErrorFatal(u"No fue posible copiar %1 a %2."_s.arg(archivo, copia));
   }
 
   static void BorrarSqlite(const QString &ruta) {

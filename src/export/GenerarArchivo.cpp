@@ -11,6 +11,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStringBuilder>
+#include <QVarLengthArray>
 #include <algorithm>
 #include <array>
 
@@ -18,40 +19,148 @@ namespace {
 
 const QString kFinLinea = QStringLiteral("\r\n");
 
-// A column that the line needs; Null stops the run as it stops the family's code.
-Valor NoNulo(const Registros &rs, const QString &columna) {
-  Valor v = rs.Campo(columna);
-  if (v.EsNulo())
-    throw FallaArchivo{94, QStringLiteral("Uso no válido de Null")};
-  return v;
+QString Monto(Dinero importe) { return importe.Formato(u"#,##0.00"); }
+
+// Blanks that fit a field: up to a width of 256 they are taken from one text without a
+// copy, so that a fitted field is built in one piece.
+QString Blancos(qsizetype cuantos) {
+  static constexpr std::array<char16_t, 256> kEspacios = [] {
+    std::array<char16_t, 256> espacios{};
+    espacios.fill(u' ');
+    return espacios;
+  }();
+  if (cuantos <= static_cast<qsizetype>(kEspacios.size()))
+    return QString::fromRawData(reinterpret_cast<const QChar *>(kEspacios.data()), cuantos);
+  return QString(cuantos, QLatin1Char(' '));
 }
 
-QString Monto(Dinero importe) { return importe.Formato(u"#,##0.00"); }
+// A value fitted to its width: the blanks before it, what is left of it, the blanks
+// behind it.
+struct Ajuste {
+  qsizetype antes = 0;
+  QStringView valor;
+  qsizetype despues = 0;
+};
+
+Ajuste Ajustar(const FormatoArchivo &f, bool esImporte, QStringView valor, int longitud,
+               int alineacion) {
+  // Without fixed widths every field loses a leading "+", text fields as well.
+  if (!f.LongitudFija)
+    return {0, valor.startsWith(u'+') ? valor.sliced(1) : valor, 0};
+  // Amounts always stand to the right, whatever their alignment says; a "+" before one
+  // takes one from its width.
+  if (esImporte) {
+    alineacion = 1;
+    if (valor.startsWith(u'+')) {
+      valor = valor.sliced(1);
+      --longitud;
+    }
+  }
+  if (valor.size() > longitud)
+    return {0, valor.left(std::max(longitud, 0)), 0};
+  const qsizetype blancos = longitud - valor.size();
+  return alineacion == 1 ? Ajuste{blancos, valor, 0} : Ajuste{0, valor, blancos};
+}
+
+// InsSeparador of AjustarCampo, built in one piece.
+QString CampoListo(const FormatoArchivo &f, bool esImporte, QStringView valor, int longitud,
+                   int alineacion) {
+  const Ajuste a = Ajustar(f, esImporte, valor, longitud, alineacion);
+  return f.Encierro % Blancos(a.antes) % a.valor % Blancos(a.despues) % f.Encierro % f.Separador;
+}
 
 // Debit and credit each in a column of their own, as one field.
 QString DosColumnas(const FormatoArchivo &f, Dinero debe, Dinero haber) {
-  return InsSeparador(f, AjustarCampo(f, true, Monto(debe), f.LongDebe, f.AlDebe) + f.Encierro +
-                             f.Separador + f.Encierro +
-                             AjustarCampo(f, true, Monto(haber), f.LongHaber, f.AlHaber));
+  const QString textoDebe = Monto(debe);
+  const QString textoHaber = Monto(haber);
+  const Ajuste d = Ajustar(f, true, textoDebe, f.LongDebe, f.AlDebe);
+  const Ajuste h = Ajustar(f, true, textoHaber, f.LongHaber, f.AlHaber);
+  return f.Encierro % Blancos(d.antes) % d.valor % Blancos(d.despues) % f.Encierro % f.Separador %
+         f.Encierro % Blancos(h.antes) % h.valor % Blancos(h.despues) % f.Encierro % f.Separador;
 }
 
 // A user row: each field in the slot of its position, a later field over an earlier one;
 // the slots joined up to the first empty one.
-QString ArmarUsuario(const std::array<int, 6> &posiciones, const std::array<QString, 6> &campos) {
-  std::array<QString, 6> lugares;
-  for (int i = 0; i < 6; ++i) {
+QString ArmarUsuario(const std::array<int, 6> &posiciones,
+                     const std::array<const QString *, 6> &campos) {
+  std::array<const QString *, 6> lugares{};
+  for (std::size_t i = 0; i < 6; ++i) {
     if (posiciones[i] > 6)
       throw FallaArchivo{9, QStringLiteral("Subíndice fuera del intervalo")};
     if (posiciones[i] > 0)
-      lugares[posiciones[i] - 1] = campos[i];
+      lugares[static_cast<std::size_t>(posiciones[i] - 1)] = campos[i];
   }
+  std::size_t llenos = 0;
+  qsizetype largo = 0;
+  for (; llenos < 6 && lugares[llenos] && !lugares[llenos]->isEmpty(); ++llenos)
+    largo += lugares[llenos]->size();
   QString renglon;
-  for (const QString &lugar : lugares) {
-    if (lugar.isEmpty())
-      break;
-    renglon += lugar;
-  }
+  renglon.reserve(largo);
+  for (std::size_t i = 0; i < llenos; ++i)
+    renglon += *lugares[i];
   return renglon;
+}
+
+// The columns of the selection that a line reads, in the order of the statement.
+enum ColumnaSeleccion {
+  kFolPoliza,
+  kFecPoliza,
+  kTipPoliza,
+  kConcepPol,
+  kCuentaDebe,
+  kCuentaHaber,
+  kImpDebe,
+  kImpHaber,
+  kSumDebe,
+  kSumHaber,
+  kColumnasSeleccion
+};
+constexpr std::array<const char *, kColumnasSeleccion> kNombresSeleccion = {
+    "FOL_POLIZA",   "FEC_POLIZA", "TIP_POLIZA", "CONCEP_POL", "CUENTA_DEBE",
+    "CUENTA_HABER", "IMP_DEBE",   "IMP_HABER",  "SUM_DEBE",   "SUM_HABER"};
+
+// The same value to the letter, so that a field built from one stands for the other.
+bool MismoValor(const QVariant &a, const QVariant &b) {
+  if (a.metaType() != b.metaType() || a.isNull() != b.isNull())
+    return false;
+  if (a.isNull())
+    return true;
+  if (a.metaType() == QMetaType::fromType<QString>())
+    return *static_cast<const QString *>(a.constData()) ==
+           *static_cast<const QString *>(b.constData());
+  if (a.metaType() == QMetaType::fromType<double>())
+    return a.toDouble() == b.toDouble();
+  return a == b;
+}
+
+// The field of the entry for the values of this row: the one in hand when they are the
+// values it was built from; else built again.
+template <typename Construir>
+const RenglonEnCurso::Recordado &Recordar(RenglonEnCurso::Recordado &r, const QVariant &valor,
+                                          const QVariant &valor2, Construir &&construir) {
+  if (!r.hecho || !MismoValor(r.valor, valor) || !MismoValor(r.valor2, valor2)) {
+    r.hecho = false;
+    construir(r);
+    r.valor = valor;
+    r.valor2 = valor2;
+    r.hecho = true;
+  }
+  return r;
+}
+
+// Whether a key is the three texts joined, without joining them.
+bool EsClave(QStringView clave, QStringView a, QStringView b, QStringView c) {
+  return clave.size() == a.size() + b.size() + c.size() && clave.startsWith(a) &&
+         clave.sliced(a.size(), b.size()) == b && clave.endsWith(c);
+}
+
+// The line ends inside a text, which a concept may bring as well as the rows.
+qsizetype FinesDeLinea(QStringView texto) {
+  qsizetype fines = 0;
+  for (qsizetype i = texto.indexOf(u'\r'); i >= 0 && i + 1 < texto.size();
+       i = texto.indexOf(u'\r', i + 1))
+    fines += texto[i + 1] == u'\n' ? 1 : 0;
+  return fines;
 }
 
 // Why the file can't be opened, in the runtime's terms.
@@ -143,20 +252,23 @@ ResultadoArchivo GenerarArchivo(Conexion &con, FormatoArchivo &f, const DatosGen
   // that fails to build first sends the block in hand, so the file keeps every line before
   // it.
   QByteArray bloque;
+  bloque.reserve(kTamanoBloque + 1024);
   qint64 lineasBloque = 0;
   const auto vaciar = [&] {
     const bool escrito = bloque.isEmpty() || archivo.write(bloque) == bloque.size();
     if (escrito)
       resultado.lineas += lineasBloque;
-    bloque.clear();
+    bloque.resize(0);
     lineasBloque = 0;
     return escrito;
   };
+  RenglonEnCurso enCurso;
   for (; !rs.Fin(); rs.Siguiente()) {
     try {
-      const QByteArray bytes = CodificarWindows1252(ArmarRenglon(con, f, rs) + kFinLinea);
-      bloque += bytes;
-      lineasBloque += bytes.count("\r\n");
+      const QString texto = ArmarRenglon(con, f, rs, enCurso);
+      AnexarWindows1252(bloque, texto);
+      bloque += "\r\n";
+      lineasBloque += 1 + FinesDeLinea(texto);
       if (bloque.size() >= kTamanoBloque && !vaciar())
         throw kFallaEscritura;
     } catch (const FallaArchivo &falla) {
@@ -187,60 +299,51 @@ QString InsSeparador(const FormatoArchivo &f, const QString &valor) {
 
 QString AjustarCampo(const FormatoArchivo &f, bool esImporte, QString valor, int longitud,
                      int alineacion) {
-  qsizetype largo = valor.size();
-  // Without fixed widths every field loses a leading "+", text fields as well.
-  if (!f.LongitudFija) {
-    if (valor.startsWith(QLatin1Char('+')))
-      valor.remove(0, 1);
+  const Ajuste a = Ajustar(f, esImporte, valor, longitud, alineacion);
+  if (a.antes == 0 && a.despues == 0 && a.valor.size() == valor.size())
     return valor;
-  }
-  // Amounts always stand to the right, whatever their alignment says.
-  if (esImporte) {
-    alineacion = 1;
-    if (valor.startsWith(QLatin1Char('+'))) {
-      valor.remove(0, 1);
-      --largo;
-      --longitud;
-    }
-  }
-  if (largo > longitud)
-    return valor.left(std::max(longitud, 0));
-  const QString blancos(longitud - largo, QLatin1Char(' '));
-  return alineacion == 1 ? blancos + valor : valor + blancos;
+  return Blancos(a.antes) % a.valor % Blancos(a.despues);
 }
 
-QString CerosFaltantes(const FormatoArchivo &f, int nivel, QStringView parte) {
-  if (parte.size() < f.Niveles[nivel] && f.CerosIzquierda)
-    return QString(f.Niveles[nivel] - parte.size(), QLatin1Char('0'));
-  return {};
-}
+namespace {
 
-QString FormatearCuenta(const FormatoArchivo &f, const QString &cuenta) {
-  // The levels of the account: pieces between "-", at most four, up to the first empty one.
-  std::array<QStringView, 4> partes;
-  int cuantas = 0;
+// The account by the levels of the mask, in a buffer of the caller: a line fits it into
+// its field at once.
+using TextoCorto = QVarLengthArray<QChar, 64>;
+QStringView CuentaFormateada(const FormatoArchivo &f, QStringView cuenta, TextoCorto &salida) {
+  // The levels of the account: pieces between "-", at most four, up to the first empty
+  // one. Each level that the mask keeps takes its digits, with the zeros it lacks on the
+  // left when the format asks for them, and the separator behind it.
+  salida.clear();
   qsizetype inicio = 0;
-  while (cuantas < 4 && inicio <= cuenta.size()) {
-    qsizetype fin = cuenta.indexOf(QLatin1Char('-'), inicio);
+  for (std::size_t nivel = 0; nivel < 4 && inicio <= cuenta.size(); ++nivel) {
+    qsizetype fin = cuenta.indexOf(u'-', inicio);
     if (fin < 0)
       fin = cuenta.size();
-    const QStringView pieza = QStringView(cuenta).sliced(inicio, fin - inicio);
-    if (pieza.isEmpty())
+    const QStringView parte = cuenta.sliced(inicio, fin - inicio);
+    if (parte.isEmpty())
       break;
-    partes[static_cast<std::size_t>(cuantas++)] = pieza;
     inicio = fin + 1;
+    const int digitos = f.Niveles[nivel];
+    if (digitos == 0)
+      continue;
+    for (qsizetype cero = parte.size(); f.CerosIzquierda && cero < digitos; ++cero)
+      salida.append(u'0');
+    const QStringView digitosParte = parte.left(digitos);
+    salida.append(digitosParte.data(), digitosParte.size());
+    salida.append(f.SeparadorCuenta.constData(), f.SeparadorCuenta.size());
   }
-  QString resultado;
-  for (int i = 0; i < cuantas; ++i) {
-    const QStringView parte = partes[static_cast<std::size_t>(i)];
-    if (f.Niveles[i] != 0)
-      resultado += CerosFaltantes(f, i, parte) % parte.left(f.Niveles[i]) % f.SeparadorCuenta;
-  }
-  if (resultado.isEmpty())
+  if (salida.isEmpty())
     throw FallaArchivo{5, QStringLiteral("Llamada a procedimiento o argumento no válidos")};
   // The last separator goes; with no separator (the package) the last digit goes instead.
-  resultado.chop(1);
-  return resultado;
+  return QStringView(salida.constData(), salida.size() - 1);
+}
+
+} // namespace
+
+QString FormatearCuenta(const FormatoArchivo &f, const QString &cuenta) {
+  TextoCorto salida;
+  return CuentaFormateada(f, cuenta, salida).toString();
 }
 
 QString FormatearFecha(const FormatoArchivo &f, const QDate &fecha) {
@@ -291,70 +394,102 @@ QString ObtenerReferencia(Conexion &con, const QString &folio) {
   return rs.Vacio() ? QStringLiteral("?") : rs.Campo(QStringLiteral("FOLIO_MOV")).Texto();
 }
 
-QString ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs) {
-  const QString folio = NoNulo(rs, QStringLiteral("FOL_POLIZA")).Texto();
-  const Valor fecha = NoNulo(rs, QStringLiteral("FEC_POLIZA"));
-  const QString tipo = NoNulo(rs, QStringLiteral("TIP_POLIZA")).Texto();
-  const QString clave = folio + fecha.Texto() + tipo;
-
-  const QString campoFolio = InsSeparador(f, AjustarCampo(f, false, folio, f.LongFolio, f.AlFolio));
-  const QString campoFecha = InsSeparador(
-      f, AjustarCampo(f, false, FormatearFecha(f, fecha.Fecha()), f.LongFecha, f.AlFecha));
-  const QString campoTipo = InsSeparador(
-      f, AjustarCampo(f, false, ObtenerTipoPoliza(con, f, tipo), f.LongTipo, f.AlTipo));
-  const QString campoConcepto =
-      InsSeparador(f, AjustarCampo(f, false, NoNulo(rs, QStringLiteral("CONCEP_POL")).Texto(),
-                                   f.LongConcepto, f.AlConcepto));
+QString ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, RenglonEnCurso &e) {
+  if (e.columnas.empty()) {
+    std::vector<qsizetype> columnas;
+    for (const char *nombre : kNombresSeleccion)
+      columnas.push_back(rs.Indice(QLatin1String(nombre)));
+    e.columnas = std::move(columnas);
+  }
+  // A column that the line needs; Null stops the run as it stops the family's code.
+  const auto noNulo = [&](ColumnaSeleccion columna) {
+    Valor v = rs.Campo(e.columnas[columna]);
+    if (v.EsNulo())
+      throw FallaArchivo{94, QStringLiteral("Uso no válido de Null")};
+    return v;
+  };
+  const Valor folio = noNulo(kFolPoliza);
+  const Valor fecha = noNulo(kFecPoliza);
+  const Valor tipo = noNulo(kTipPoliza);
+  const QString &textoFolio =
+      Recordar(e.folio, folio.Variante(), {}, [&](RenglonEnCurso::Recordado &r) {
+        r.dato = folio.Texto();
+        r.texto = CampoListo(f, false, r.dato, f.LongFolio, f.AlFolio);
+      }).dato;
+  const QString &campoFolio = e.folio.texto;
+  const RenglonEnCurso::Recordado &campoFecha =
+      Recordar(e.fecha, fecha.Variante(), {}, [&](RenglonEnCurso::Recordado &r) {
+        r.dato = fecha.Texto();
+        r.texto = CampoListo(f, false, FormatearFecha(f, fecha.Fecha()), f.LongFecha, f.AlFecha);
+      });
+  const QString textoTipo = tipo.Texto();
+  // The package's number of the type is asked for on every line.
+  const QString tipoPoliza = ObtenerTipoPoliza(con, f, textoTipo);
+  const QString &campoTipo = Recordar(e.tipo, tipoPoliza, {}, [&](RenglonEnCurso::Recordado &r) {
+                               r.texto = CampoListo(f, false, tipoPoliza, f.LongTipo, f.AlTipo);
+                             }).texto;
+  const Valor concepto = noNulo(kConcepPol);
+  const QString &campoConcepto =
+      Recordar(e.concepto, concepto.Variante(), {}, [&](RenglonEnCurso::Recordado &r) {
+        r.texto = CampoListo(f, false, concepto.Texto(), f.LongConcepto, f.AlConcepto);
+      }).texto;
 
   // A line is a debit when its debit amount is above 0; any other line, one of 0 included,
   // is a credit and takes the credit account.
-  const Dinero debe = NoNulo(rs, QStringLiteral("IMP_DEBE")).ComoDinero();
+  const Dinero debe = noNulo(kImpDebe).ComoDinero();
   const bool esDebe = debe > Dinero();
-  const QString campoCuenta = InsSeparador(
-      f, AjustarCampo(f, false,
-                      FormatearCuenta(f, NoNulo(rs, esDebe ? QStringLiteral("CUENTA_DEBE")
-                                                           : QStringLiteral("CUENTA_HABER"))
-                                             .Texto()),
-                      f.LongCuenta, f.AlCuenta));
+  TextoCorto cuenta;
+  const QString campoCuenta = CampoListo(
+      f, false, CuentaFormateada(f, noNulo(esDebe ? kCuentaDebe : kCuentaHaber).Texto(), cuenta),
+      f.LongCuenta, f.AlCuenta);
 
   QString campoImporte;
   if (f.ColumnasSeparadas) {
-    campoImporte = DosColumnas(f, debe, NoNulo(rs, QStringLiteral("IMP_HABER")).ComoDinero());
+    campoImporte = DosColumnas(f, debe, noNulo(kImpHaber).ComoDinero());
   } else if (esDebe) {
-    campoImporte = InsSeparador(f, f.MarcaDebe) +
-                   InsSeparador(f, AjustarCampo(f, true, Monto(debe), f.LongDebe, f.AlDebe));
+    campoImporte = f.Encierro % f.MarcaDebe % f.Encierro % f.Separador %
+                   CampoListo(f, true, Monto(debe), f.LongDebe, f.AlDebe);
   } else {
-    const Dinero haber = NoNulo(rs, QStringLiteral("IMP_HABER")).ComoDinero();
-    campoImporte = InsSeparador(f, f.MarcaHaber) +
-                   InsSeparador(f, AjustarCampo(f, true, Monto(haber), f.LongHaber, f.AlHaber));
+    const Dinero haber = noNulo(kImpHaber).ComoDinero();
+    campoImporte = f.Encierro % f.MarcaHaber % f.Encierro % f.Separador %
+                   CampoListo(f, true, Monto(haber), f.LongHaber, f.AlHaber);
   }
   // The sums go in two columns in every style.
-  const Dinero sumaDebe = NoNulo(rs, QStringLiteral("SUM_DEBE")).ComoDinero();
-  const Dinero sumaHaber = NoNulo(rs, QStringLiteral("SUM_HABER")).ComoDinero();
+  const Dinero sumaDebe = noNulo(kSumDebe).ComoDinero();
+  const Dinero sumaHaber = noNulo(kSumHaber).ComoDinero();
 
   // The first row is written only when the entry changes, or on every line of a one-row
   // format: it is put together only then.
-  const bool conRenglon1 = clave != f.ClaveAnterior || f.NumRenglones == 1;
+  const bool mismaPoliza = EsClave(f.ClaveAnterior, textoFolio, campoFecha.dato, textoTipo);
+  const bool conRenglon1 = !mismaPoliza || f.NumRenglones == 1;
   QString renglon1, renglon2;
   if (f.EsPaquete) {
     // The P and N records, then the M record; the sums aren't written.
     if (conRenglon1)
-      renglon1 = QStringLiteral("P ") % campoFecha % campoTipo % campoFolio % QStringLiteral("0 ") %
-                 QStringLiteral("000 ") % campoConcepto % QStringLiteral("0 ") %
-                 QStringLiteral("0 ") % kFinLinea % QStringLiteral("N    ");
+      renglon1 = QStringLiteral("P ") % campoFecha.texto % campoTipo % campoFolio %
+                 QStringLiteral("0 ") % QStringLiteral("000 ") % campoConcepto %
+                 QStringLiteral("0 ") % QStringLiteral("0 ") % kFinLinea % QStringLiteral("N    ");
     renglon2 = QStringLiteral("M ") % campoCuenta %
-               InsSeparador(f, AjustarCampo(f, false, ObtenerReferencia(con, folio), 10, 1)) %
-               campoImporte % QStringLiteral("000 ") % QStringLiteral("0.00 ") %
+               CampoListo(f, false, ObtenerReferencia(con, textoFolio), 10, 1) % campoImporte %
+               QStringLiteral("000 ") % QStringLiteral("0.00 ") %
                QStringView(campoConcepto).left(30);
   } else {
     // Row 1 carries the sums when there is a detail row to carry the amounts.
-    if (conRenglon1)
-      renglon1 = ArmarUsuario(
-          f.Renglon1, {campoFolio, campoFecha, campoTipo, campoCuenta, campoConcepto,
-                       f.NumRenglones == 1 ? campoImporte : DosColumnas(f, sumaDebe, sumaHaber)});
+    if (conRenglon1) {
+      const QString *importe = &campoImporte;
+      if (f.NumRenglones != 1)
+        importe =
+            &Recordar(e.suma, qint64{sumaDebe.Diezmilesimos()}, qint64{sumaHaber.Diezmilesimos()},
+                      [&](RenglonEnCurso::Recordado &r) {
+                        r.texto = DosColumnas(f, sumaDebe, sumaHaber);
+                      })
+                 .texto;
+      renglon1 = ArmarUsuario(f.Renglon1, {&campoFolio, &campoFecha.texto, &campoTipo, &campoCuenta,
+                                           &campoConcepto, importe});
+    }
     if (f.NumRenglones == 2)
-      renglon2 = ArmarUsuario(f.Renglon2, {campoFolio, campoFecha, campoTipo, campoCuenta,
-                                           campoConcepto, campoImporte});
+      renglon2 = ArmarUsuario(f.Renglon2, {&campoFolio, &campoFecha.texto, &campoTipo, &campoCuenta,
+                                           &campoConcepto, &campoImporte});
   }
   // Each row loses its last character: the last separator, or without one the last
   // character of the last field.
@@ -362,16 +497,14 @@ QString ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs) {
     renglon1.chop(1);
   if (!renglon2.isEmpty())
     renglon2.chop(1);
+  if (!mismaPoliza)
+    f.ClaveAnterior = textoFolio % campoFecha.dato % textoTipo;
 
-  QString texto;
-  if (conRenglon1) {
-    texto = renglon1;
-    if (!renglon2.isEmpty())
-      texto += kFinLinea;
-  }
-  texto += renglon2;
-  f.ClaveAnterior = clave;
-  return texto;
+  if (!conRenglon1)
+    return renglon2;
+  if (renglon2.isEmpty())
+    return renglon1;
+  return renglon1 % kFinLinea % renglon2;
 }
 
 std::optional<FuenteConceptos> ConsultaConceptos(const QString &operacion) {

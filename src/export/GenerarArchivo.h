@@ -4,8 +4,10 @@
 
 #include <QDate>
 #include <QString>
+#include <QVariant>
 #include <functional>
 #include <optional>
+#include <vector>
 
 class Conexion;
 class Registros;
@@ -47,9 +49,24 @@ bool ConfirmarArchivo(const QString &archivo);
 ResultadoArchivo GenerarArchivo(Conexion &con, FormatoArchivo &formato,
                                 const DatosGenerarArchivo &datos, const AvanceArchivo &avance = {});
 
+// What the lines of one run share: the places of the selection's columns, found at the
+// first line, and the fields that a line takes from its entry. Every line of an entry
+// carries the same ones, so each is built again only when a value it comes from changes.
+struct RenglonEnCurso {
+  struct Recordado {
+    QVariant valor, valor2; // the values of the row it was built from
+    QString texto;          // the finished field
+    QString dato;           // the value as plain text, where the line needs it
+    bool hecho = false;
+  };
+  std::vector<qsizetype> columnas; // empty until the first line
+  Recordado folio, fecha, tipo, concepto, suma;
+};
+
 // The text for the current journal line of the selection: one or more lines of the
 // file, without the last line end. Throws FallaArchivo.
-QString ArmarRenglon(Conexion &con, FormatoArchivo &formato, const Registros &rs);
+QString ArmarRenglon(Conexion &con, FormatoArchivo &formato, const Registros &rs,
+                     RenglonEnCurso &enCurso);
 
 // A field fitted to its width when the format has fixed widths.
 QString AjustarCampo(const FormatoArchivo &formato, bool esImporte, QString valor, int longitud,
@@ -58,8 +75,6 @@ QString AjustarCampo(const FormatoArchivo &formato, bool esImporte, QString valo
 QString InsSeparador(const FormatoArchivo &formato, const QString &valor);
 // The account by the levels of the mask. Throws FallaArchivo when nothing is left of it.
 QString FormatearCuenta(const FormatoArchivo &formato, const QString &cuenta);
-// The zeros that a level lacks, when the format fills levels with zeros.
-QString CerosFaltantes(const FormatoArchivo &formato, int nivel, QStringView parte);
 // The date by MascaraFecha.
 QString FormatearFecha(const FormatoArchivo &formato, const QDate &fecha);
 // What stands in the type field: the journal type, or for the package its number

@@ -57,9 +57,10 @@ constexpr std::array<char16_t, 32> kAltos = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 } // namespace
 
-QByteArray CodificarWindows1252(const QString &texto) {
-  QByteArray salida(texto.size(), Qt::Uninitialized);
-  char *destino = salida.data();
+void AnexarWindows1252(QByteArray &bytes, QStringView texto) {
+  const qsizetype inicio = bytes.size();
+  bytes.resize(inicio + texto.size());
+  char *destino = bytes.data() + inicio;
   for (QChar c : texto) {
     const char16_t u = c.unicode();
     if (u < 0x80 || (u >= 0xA0 && u <= 0xFF)) {
@@ -75,6 +76,11 @@ QByteArray CodificarWindows1252(const QString &texto) {
     }
     *destino++ = byte;
   }
+}
+
+QByteArray CodificarWindows1252(const QString &texto) {
+  QByteArray salida;
+  AnexarWindows1252(salida, texto);
   return salida;
 }
 

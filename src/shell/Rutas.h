@@ -17,6 +17,8 @@ QString RutaNativa(const QString &ruta);
 
 // Windows-1252 text, as the accounting package and the family's ini files expect.
 QByteArray CodificarWindows1252(const QString &texto);
+// The same, written behind what the bytes already hold.
+void AnexarWindows1252(QByteArray &bytes, QStringView texto);
 QString DecodificarWindows1252(const QByteArray &bytes);
 
 // Lines joined with CR LF, each one ended, in Windows-1252.

@@ -145,13 +145,11 @@ TEST(FormatearCuenta, NothingLeftIsAFailureOfTheTrap) {
   EXPECT_TRUE(Falla([&] { FormatearCuenta(sinNiveles, QStringLiteral("110")); }).has_value());
 }
 
-TEST(CerosFaltantes, OnlyWhatTheLevelLacksAndOnlyWithZeros) {
+TEST(FormatearCuenta, ZerosFillOnlyWhatALevelLacksAndOnlyWhenAsked) {
   FormatoArchivo f = Usuario();
-  EXPECT_EQ(CerosFaltantes(f, 0, QStringLiteral("1")), QStringLiteral("000"));
-  EXPECT_EQ(CerosFaltantes(f, 1, QStringLiteral("1234")), QString());
-  EXPECT_EQ(CerosFaltantes(f, 3, QStringLiteral("1")), QString());
+  EXPECT_EQ(FormatearCuenta(f, QStringLiteral("1-1234-1-1")), QStringLiteral("0001-123-001"));
   f.CerosIzquierda = false;
-  EXPECT_EQ(CerosFaltantes(f, 0, QStringLiteral("1")), QString());
+  EXPECT_EQ(FormatearCuenta(f, QStringLiteral("1-1234-1-1")), QStringLiteral("1-123-1"));
 }
 
 TEST(FormatearFecha, EachMaskWithSlashesWhateverTheLocale) {
@@ -472,6 +470,29 @@ TEST_P(Generar, TwoEntriesWithTheSameFolioDateAndTypeShareOneHeadRow) {
   EXPECT_EQ(detalle,
             (QList<QByteArray>{B("D,5.00\r"), B("D,5.00\r"), B("D,7.00\r"), B("D,7.00\r")}));
   EXPECT_EQ(resultado.lineas, 7);
+}
+
+TEST_P(Generar, EntriesThatShareSomeValuesEachShowTheirOwnFields) {
+  InsertarFormato(*con, FormatoUsuario());
+  const QDate d15(2026, 11, 15), d16(2026, 11, 16);
+  InsertarPoliza(*con, Encabezado("00000000001", "D", "Luz", "5", d15), {Cargo("110", "5")});
+  InsertarPoliza(*con, Encabezado("00000000002", "D", "Luz", "5", d15), {Cargo("110", "5")});
+  InsertarPoliza(*con, Encabezado("00000000003", "D", "Agua", "5", d16), {Cargo("111", "5")});
+  InsertarPoliza(*con, Encabezado("00000000004", "D", "Luz", "7", d15), {Cargo("110", "7")});
+  InsertarPoliza(*con, Encabezado("00000000005", "I", "Luz", "5", d15), {Abono("210", "5")});
+  EXPECT_EQ(Escribir(), B("00000000001,15/11/2026,D,0110,Luz,D,5.00\r\n"
+                          "00000000002,15/11/2026,D,0110,Luz,D,5.00\r\n"
+                          "00000000003,16/11/2026,D,0111,Agua,D,5.00\r\n"
+                          "00000000004,15/11/2026,D,0110,Luz,D,7.00\r\n"
+                          "00000000005,15/11/2026,I,0210,Luz,H,5.00\r\n"));
+  EXPECT_EQ(resultado.lineas, 5);
+}
+
+TEST_P(Generar, ALineEndInsideAConceptCountsAsALineOfTheFile) {
+  InsertarFormato(*con, FormatoUsuario());
+  InsertarPoliza(*con, Encabezado("00000000001", "D", "Luz\r\nAgua", "5"), {Cargo("110", "5")});
+  EXPECT_EQ(Escribir(), B("00000000001,15/11/2026,D,0110,Luz\r\nAgua,D,5.00\r\n"));
+  EXPECT_EQ(resultado.lineas, 2);
 }
 
 TEST_P(Generar, TwoTypesUnderOneFolioMeetInTheJoin) {
