@@ -76,12 +76,8 @@ Repeticion Repetir(const Sentencias &sentencias) {
     if (!db.open())
       throw ErrorFatal(QStringLiteral("La repetición no pudo abrir la base de datos: %1")
                            .arg(db.lastError().text()));
-    if (destino.driver == QStringLiteral("QSQLITE")) {
-      // The settings with which the program opens every file of the embedded engine.
-      QSqlQuery q(db);
-      q.exec(QStringLiteral("PRAGMA journal_mode=WAL"));
-      q.exec(QStringLiteral("PRAGMA synchronous=NORMAL"));
-    }
+    if (destino.driver == QStringLiteral("QSQLITE"))
+      ServicioConexion::AjustarSqlite(db);
     QElapsedTimer reloj;
     reloj.start();
     for (qsizetype i = 0; i < sentencias.Cuenta(); ++i) {

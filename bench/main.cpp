@@ -39,7 +39,7 @@ namespace {
 const char *const kUso =
     "Uso: escribano-bench [--documentos N[,N...]] [--documentos-mariadb N[,N...]]\n"
     "                     [--dias D] [--renglones R] [--motores sqlite,mariadb]\n"
-    "                     [--archivos CARPETA]\n"
+    "                     [--archivos CARPETA] [--pruebas P[,P...]]\n"
     "  --documentos  tamaños de la empresa sintética (2000,8000,32000)\n"
     "  --documentos-mariadb  tamaños sobre MariaDB, donde cada sentencia cuesta diez veces\n"
     "                más (los de --documentos)\n"
@@ -47,7 +47,13 @@ const char *const kUso =
     "  --renglones   renglones de cada venta y de cada recepción (12)\n"
     "  --motores     sqlite siempre; mariadb con el servidor de scripts/mariadb.sh, cuyo\n"
     "                origen de datos da ESCRIBANO_PRUEBA_DSN (los dos si está definido)\n"
-    "  --archivos    copia ahí cada archivo exportado, para comparar dos compilaciones\n";
+    "  --archivos    copia ahí cada archivo exportado, para comparar dos compilaciones\n"
+    "  --pruebas     las que se miden, de generacion_documento, exportacion_contpaq,\n"
+    "                exportacion_usuario y generacion_dia (todas); las exportaciones leen\n"
+    "                las pólizas de la generación por documento, que corre siempre antes\n";
+
+const QStringList kPruebas = {u"generacion_documento"_s, u"exportacion_contpaq"_s,
+                              u"exportacion_usuario"_s, u"generacion_dia"_s};
 
 // The operations that the benchmark posts, each with its rules of the demo company.
 const std::vector<int> kOperaciones = {1, 2, 12, 22, 24};
@@ -59,6 +65,7 @@ struct Opciones {
   int renglones = 12;
   QStringList motores;
   QString archivos; // where the exported files are kept, or empty
+  QStringList pruebas = kPruebas;
 };
 
 // Reads the options; the text of what is wrong, or empty.
@@ -93,6 +100,11 @@ QString LeerOpciones(const QStringList &args, Opciones &o) {
       if (!QDir().mkpath(valor))
         return u"No fue posible crear la carpeta «%1»."_s.arg(valor);
       o.archivos = valor;
+    } else if (opcion == u"--pruebas"_s) {
+      o.pruebas = valor.split(u',');
+      for (const QString &p : o.pruebas)
+        if (!kPruebas.contains(p))
+          return u"Prueba desconocida «%1»: las pruebas son %2."_s.arg(p, kPruebas.join(u", "_s));
     } else if (opcion == u"--motores"_s) {
       o.motores = valor.split(u',');
       for (const QString &m : o.motores)
@@ -179,8 +191,9 @@ public:
     banco::LlenarEmpresa(*con, tamano);
   }
 
-  // Generation of the period with every rule of the operations at one frequency.
-  Medida Generar(int frec) {
+  // Generation of the period with every rule of the operations at one frequency; without
+  // repetir it only leaves the entries for the exports.
+  Medida Generar(int frec, bool repetir = true) {
     Medida m = Nueva(frec == 1 ? u"generacion_documento"_s : u"generacion_dia"_s);
     Restablecer(frec);
     Grabadora grabadora;
@@ -214,6 +227,8 @@ public:
         throw ErrorFatal(u"La generación de %1 no terminó con el mensaje 108."_s.arg(m.prueba));
       m.resultado = r.polizas;
     }
+    if (!repetir)
+      return m;
     const QString corrida = Huella();
     Restablecer(frec);
     Repetir(m, sentencias);
@@ -440,15 +455,25 @@ int main(int argc, char *argv[]) {
       Banco banco(motor, opciones);
       for (int documentos : motor == u"mariadb"_s ? opciones.tamanosMariaDb : opciones.tamanos) {
         banco.Construir(documentos);
+        const auto elegida = [&](int prueba) {
+          return opciones.pruebas.contains(kPruebas[prueba]);
+        };
         const auto anotar = [&](const Medida &m) {
           Imprimir(out, m);
           medidas.push_back(m);
         };
         // The exports read the entries of the generation by document.
-        anotar(banco.Generar(1));
-        anotar(banco.Exportar(banco::Formato::Contpaq));
-        anotar(banco.Exportar(banco::Formato::DosRenglones));
-        anotar(banco.Generar(2));
+        if (elegida(0) || elegida(1) || elegida(2)) {
+          const Medida m = banco.Generar(1, elegida(0));
+          if (elegida(0))
+            anotar(m);
+        }
+        if (elegida(1))
+          anotar(banco.Exportar(banco::Formato::Contpaq));
+        if (elegida(2))
+          anotar(banco.Exportar(banco::Formato::DosRenglones));
+        if (elegida(3))
+          anotar(banco.Generar(2));
       }
     }
     if (opciones.tamanos.size() > 1 || opciones.tamanosMariaDb.size() > 1)

@@ -372,6 +372,13 @@ DestinoConexion ServicioConexion::Traducir(const QString &conexion, const QStrin
       QStringLiteral("El texto de conexión no tiene una forma conocida: «%1».").arg(conexion));
 }
 
+void ServicioConexion::AjustarSqlite(const QSqlDatabase &db) {
+  QSqlQuery q(db);
+  // Readers don't wait for the writer, and a commit doesn't wait for the disk.
+  q.exec(QStringLiteral("PRAGMA journal_mode=WAL"));
+  q.exec(QStringLiteral("PRAGMA synchronous=NORMAL"));
+}
+
 ConexionPtr ServicioConexion::Abrir(const DestinoConexion &destino, const QString &texto) {
   if (destino.driver == QStringLiteral("QSQLITE") && !QFileInfo::exists(destino.baseDeDatos))
     throw ErrorFatal(QStringLiteral("No existe la base de datos %1.").arg(destino.baseDeDatos));
@@ -382,11 +389,8 @@ ConexionPtr ServicioConexion::Abrir(const DestinoConexion &destino, const QStrin
   if (!db.open())
     throw ErrorFatal(
         QStringLiteral("No fue posible abrir la conexión: %1").arg(TextoError(db.lastError())));
-  if (destino.driver == QStringLiteral("QSQLITE")) {
-    QSqlQuery q(db);
-    q.exec(QStringLiteral("PRAGMA journal_mode=WAL"));
-    q.exec(QStringLiteral("PRAGMA synchronous=NORMAL"));
-  }
+  if (destino.driver == QStringLiteral("QSQLITE"))
+    AjustarSqlite(db);
   return con;
 }
 

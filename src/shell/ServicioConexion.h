@@ -146,6 +146,8 @@ public:
   // rutaBase resolves relative SQLite paths; odbcSqlServer names the SQL Server driver.
   static DestinoConexion Traducir(const QString &conexion, const QString &rutaBase,
                                   const QString &odbcSqlServer);
+  // The settings with which every file of the embedded engine is opened.
+  static void AjustarSqlite(const QSqlDatabase &db);
   // Opens a SQLite file, creating it when crear is true.
   static ConexionPtr AbrirSqlite(const QString &ruta, bool crear, int motor);
 
