@@ -273,7 +273,7 @@ const std::vector<Tabla> &TablasEmpresa() {
            {"FOL_FOLIOS", Texto, kFolio},
            {"COD_NUM", Entero},
        },
-       {{"IX_tblFolios_1", {"COD_FOLIO", "COD_NUM"}}}},
+       {{"IX_tblFolios_1", {"COD_FOLIO"}}}},
 
       {"tblCatCtasBancos",
        {
@@ -379,7 +379,7 @@ const std::vector<Tabla> &TablasEmpresa() {
            {"COD_OPER", Entero},
        },
        {{"IX_tblMovimxPoliza_1", {"FOLIO_MOV", "COD_OPER", "CONCEPTO"}},
-        {"IX_tblMovimxPoliza_2", {"FOLIO_POL", "FOLIO_MOV"}},
+        {"IX_tblMovimxPoliza_2", {"FOLIO_POL"}},
         {"IX_tblMovimxPoliza_3", {"FOLIO_POLIZA"}},
         {"IX_tblMovimxPoliza_4", {"FECHA_MOV"}}}},
 

@@ -71,12 +71,10 @@ QString CampoListo(const FormatoArchivo &f, bool esImporte, QStringView valor, i
 
 // Debit and credit each in a column of their own, as one field.
 QString DosColumnas(const FormatoArchivo &f, Dinero debe, Dinero haber) {
-  const QString textoDebe = Monto(debe);
-  const QString textoHaber = Monto(haber);
-  const Ajuste d = Ajustar(f, true, textoDebe, f.LongDebe, f.AlDebe);
-  const Ajuste h = Ajustar(f, true, textoHaber, f.LongHaber, f.AlHaber);
-  return f.Encierro % Blancos(d.antes) % d.valor % Blancos(d.despues) % f.Encierro % f.Separador %
-         f.Encierro % Blancos(h.antes) % h.valor % Blancos(h.despues) % f.Encierro % f.Separador;
+  // The inner separator between the two columns stands between two enclosures: each
+  // column is a finished field of its own.
+  return CampoListo(f, true, Monto(debe), f.LongDebe, f.AlDebe) +
+         CampoListo(f, true, Monto(haber), f.LongHaber, f.AlHaber);
 }
 
 // A user row: each field in the slot of its position, a later field over an earlier one;

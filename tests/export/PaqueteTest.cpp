@@ -123,6 +123,16 @@ TEST_P(Paquete, TheReferenceIsTheFirstDocumentOfTheFolioNumberWhateverItsType) {
               RegistroM("000011", "T-77", "1", "5.00", QStringLiteral("Venta"))));
 }
 
+TEST_P(Paquete, OfSeveralDocumentsOfTheFolioNumberTheFirstRecordedAnswers) {
+  // The documents come back as they were recorded, not in the order of their texts.
+  Documento("NV-2", 12);
+  Documento("GT-1", 12);
+  InsertarPoliza(*con, Encabezado("00000000012", "D", "Venta", "5"), {Cargo("110", "5")});
+  EXPECT_EQ(Escribir(),
+            B(RegistroP("20261115", "1", "00000000", QStringLiteral("Venta")) + kRegistroN +
+              RegistroM("000011", "NV-2", "1", "5.00", QStringLiteral("Venta"))));
+}
+
 TEST_P(Paquete, AConceptOfMoreThanTwentyNineCharactersIsCutInTheLineOnly) {
   const QString concepto = QStringLiteral("Pago de energía eléctrica nov.");
   ASSERT_EQ(concepto.size(), 30);
