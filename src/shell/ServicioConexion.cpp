@@ -166,7 +166,9 @@ Registros::Registros(std::shared_ptr<QSqlQuery> consulta, QString sentencia)
 }
 
 Registros::~Registros() {
-  if (q_)
+  // A statement that its connection keeps goes on living: it is finished here. Any other
+  // goes with its query.
+  if (q_ && q_.use_count() > 1)
     q_->finish();
 }
 

@@ -43,7 +43,7 @@ class Registros {
 public:
   // Stands on a query that has run.
   Registros(std::shared_ptr<QSqlQuery> consulta, QString sentencia);
-  // Leaves the query finished: one that its connection keeps compiled holds no read open.
+  // A query that its connection keeps compiled is left finished: it holds no read open.
   ~Registros();
   Registros(Registros &&) noexcept = default;
   Registros &operator=(Registros &&) noexcept = default;
