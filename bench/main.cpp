@@ -238,44 +238,63 @@ public:
     return m;
   }
 
-  // Export of the period's entries, as the last generation left them.
+  // Export of the period's entries, as the last generation left them. An export leaves
+  // the database as it found it, so a short one is run again, and so is its replay, and
+  // the fastest of each counts: at a few tens of milliseconds a single pause of the
+  // machine would otherwise decide the ratio.
   Medida Exportar(banco::Formato formato) {
     Medida m = Nueva(formato == banco::Formato::Contpaq ? u"exportacion_contpaq"_s
                                                         : u"exportacion_usuario"_s);
     banco::FijarFormato(*Abrir(), formato);
-    Grabadora grabadora;
     banco::Sentencias sentencias;
-    {
-      ConexionPtr con = Abrir();
-      banco::RastreoFilas rastreo;
-      DatosGenerarArchivo datos;
-      datos.fechaIni = banco::InicioPeriodo();
-      datos.fechaFin = FinPeriodo();
-      datos.archivo = UnirRuta(gRutaApp, u"Export\\%1.txt"_s.arg(m.prueba));
-      FormatoArchivo f;
-      mensajes_.mostrados.clear();
-      QElapsedTimer reloj;
-      Conexion::InstalarGrabadora(&grabadora);
-      reloj.start();
-      const bool hayFormato = CargarFormato(*con, f);
-      const ResultadoArchivo r =
-          hayFormato ? GenerarArchivo(*con, f, datos, [&](qint64) { sentencias.Tomar(grabadora); })
-                     : ResultadoArchivo{};
-      sentencias.Tomar(grabadora);
-      m.segundos = Segundos(reloj);
-      Conexion::InstalarGrabadora(nullptr);
-      AnotarFilas(sentencias, rastreo);
-      if (!r.completo)
-        throw ErrorFatal(u"La exportación %1 no terminó: %2"_s.arg(m.prueba, r.falla));
-      m.resultado = r.lineas;
-      if (!opciones_.archivos.isEmpty())
-        Conservar(datos.archivo, m);
+    double total = 0;
+    for (int vez = 0; vez == 0 || (vez < kVecesCortas && total < kSegundosCortos); ++vez) {
+      banco::Sentencias estas;
+      const double segundos = CorrerExportacion(m, estas);
+      total += segundos;
+      m.segundos = vez == 0 ? segundos : std::min(m.segundos, segundos);
+      if (vez == 0)
+        sentencias = std::move(estas);
     }
-    Repetir(m, sentencias);
+    Repetir(m, sentencias, kVecesCortas);
     return m;
   }
 
 private:
+  // A test shorter than this is measured again, up to so many times.
+  static constexpr double kSegundosCortos = 1.0;
+  static constexpr int kVecesCortas = 5;
+
+  // One run of an export into its file; gives its seconds, and the statements it sent.
+  double CorrerExportacion(Medida &m, banco::Sentencias &sentencias) {
+    Grabadora grabadora;
+    ConexionPtr con = Abrir();
+    banco::RastreoFilas rastreo;
+    DatosGenerarArchivo datos;
+    datos.fechaIni = banco::InicioPeriodo();
+    datos.fechaFin = FinPeriodo();
+    datos.archivo = UnirRuta(gRutaApp, u"Export\\%1.txt"_s.arg(m.prueba));
+    FormatoArchivo f;
+    mensajes_.mostrados.clear();
+    QElapsedTimer reloj;
+    Conexion::InstalarGrabadora(&grabadora);
+    reloj.start();
+    const bool hayFormato = CargarFormato(*con, f);
+    const ResultadoArchivo r =
+        hayFormato ? GenerarArchivo(*con, f, datos, [&](qint64) { sentencias.Tomar(grabadora); })
+                   : ResultadoArchivo{};
+    sentencias.Tomar(grabadora);
+    const double segundos = Segundos(reloj);
+    Conexion::InstalarGrabadora(nullptr);
+    AnotarFilas(sentencias, rastreo);
+    if (!r.completo)
+      throw ErrorFatal(u"La exportación %1 no terminó: %2"_s.arg(m.prueba, r.falla));
+    m.resultado = r.lineas;
+    if (!opciones_.archivos.isEmpty())
+      Conservar(datos.archivo, m);
+    return segundos;
+  }
+
   static double Segundos(const QElapsedTimer &reloj) {
     return static_cast<double>(reloj.nsecsElapsed()) / 1e9;
   }
@@ -361,13 +380,19 @@ private:
     sentencias.FijarFilas(rastreo.Filas());
   }
 
-  static void Repetir(Medida &m, const banco::Sentencias &sentencias) {
+  // The replay of a run's statements; one that changes nothing may be run again while
+  // it is short, up to veces times, and its fastest counts.
+  static void Repetir(Medida &m, const banco::Sentencias &sentencias, int veces = 1) {
     m.sentencias = sentencias.Cuenta();
-    const banco::Repeticion r = banco::Repetir(sentencias);
-    if (r.rechazadas > 0)
-      throw ErrorFatal(
-          u"La repetición de %1 tuvo %2 sentencias rechazadas."_s.arg(m.prueba).arg(r.rechazadas));
-    m.repeticion = r.segundos;
+    double total = 0;
+    for (int vez = 0; vez == 0 || (vez < veces && total < kSegundosCortos); ++vez) {
+      const banco::Repeticion r = banco::Repetir(sentencias);
+      if (r.rechazadas > 0)
+        throw ErrorFatal(u"La repetición de %1 tuvo %2 sentencias rechazadas."_s.arg(m.prueba).arg(
+            r.rechazadas));
+      total += r.segundos;
+      m.repeticion = vez == 0 ? r.segundos : std::min(m.repeticion, r.segundos);
+    }
   }
 
   QString motor_;
