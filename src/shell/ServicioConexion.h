@@ -46,7 +46,8 @@ public:
   // A query that its connection keeps compiled is left finished: it holds no read open.
   ~Registros();
   Registros(Registros &&) noexcept = default;
-  Registros &operator=(Registros &&) noexcept = default;
+  // Not assigned: the record set it would replace must finish its statement first.
+  Registros &operator=(Registros &&) = delete;
   bool Vacio() const { return vacio_; }
   bool Fin() const { return fin_; }
   void Siguiente();
