@@ -29,6 +29,7 @@
 #include <QTextStream>
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <vector>
 
@@ -192,49 +193,35 @@ public:
   }
 
   // Generation of the period with every rule of the operations at one frequency; without
-  // repetir it only leaves the entries for the exports.
+  // repetir it only leaves the entries for the exports. The database goes back to the
+  // company as built before every run and every replay, so a short generation is run
+  // again, and so is its replay, and the fastest of each counts.
   Medida Generar(int frec, bool repetir = true) {
     Medida m = Nueva(frec == 1 ? u"generacion_documento"_s : u"generacion_dia"_s);
-    Restablecer(frec);
-    Grabadora grabadora;
     banco::Sentencias sentencias;
-    {
-      Corrida corrida;
-      corrida.Conexion = Abrir();
-      CargarOperaciones(corrida);
-      ArbolOperaciones arbol;
-      arbol.CargarArbol(*corrida.Conexion);
-      if (!arbol.MarcarOperaciones(kOperaciones))
-        throw ErrorFatal(u"La empresa sintética no tiene reglas para todas las operaciones."_s);
-      OpcionesGeneracion op;
-      op.Del = banco::InicioPeriodo();
-      op.Al = FinPeriodo();
-      op.FechaDefinida = op.Del;
-      op.Resumen = UnirRuta(gRutaApp, u"Temp\\Resumen%1.txt"_s.arg(++corridas_));
-      Generador generador(corrida, op);
-      generador.avance = [&](const AvanceGeneracion &) { sentencias.Tomar(grabadora); };
-      mensajes_.mostrados.clear();
-      banco::RastreoFilas rastreo;
-      QElapsedTimer reloj;
-      Conexion::InstalarGrabadora(&grabadora);
-      reloj.start();
-      const ResultadoGeneracion r = generador.GenerarPolizas(arbol);
-      sentencias.Tomar(grabadora);
-      m.segundos = Segundos(reloj);
-      Conexion::InstalarGrabadora(nullptr);
-      AnotarFilas(sentencias, rastreo);
-      if (mensajes_.Ids() != std::vector<int>{108})
-        throw ErrorFatal(u"La generación de %1 no terminó con el mensaje 108."_s.arg(m.prueba));
-      m.resultado = r.polizas;
+    QString huella;
+    double total = 0;
+    for (int vez = 0; vez == 0 || (repetir && vez < kVecesCortas && total < kSegundosCortos);
+         ++vez) {
+      Restablecer(frec);
+      banco::Sentencias estas;
+      const double segundos = CorrerGeneracion(frec, m, estas);
+      total += segundos;
+      m.segundos = vez == 0 ? segundos : std::min(m.segundos, segundos);
+      if (vez == 0) {
+        sentencias = std::move(estas);
+        huella = repetir ? Huella() : QString();
+      }
     }
     if (!repetir)
       return m;
-    const QString corrida = Huella();
-    Restablecer(frec);
-    Repetir(m, sentencias);
-    if (Huella() != corrida)
-      throw ErrorFatal(u"La repetición de %1 no dejó las mismas filas que la corrida: %2 contra "
-                       "%3."_s.arg(m.prueba, Huella(), corrida));
+    Repetir(
+        m, sentencias, kVecesCortas, [&] { Restablecer(frec); },
+        [&] {
+          if (Huella() != huella)
+            throw ErrorFatal(u"La repetición de %1 no dejó las mismas filas que la corrida: "
+                             "%2 contra %3."_s.arg(m.prueba, Huella(), huella));
+        });
     return m;
   }
 
@@ -264,6 +251,40 @@ private:
   // A test shorter than this is measured again, up to so many times.
   static constexpr double kSegundosCortos = 1.0;
   static constexpr int kVecesCortas = 5;
+
+  // One run of the generation on the database as it stands; gives its seconds, and the
+  // statements it sent.
+  double CorrerGeneracion(int frec, Medida &m, banco::Sentencias &sentencias) {
+    Grabadora grabadora;
+    Corrida corrida;
+    corrida.Conexion = Abrir();
+    CargarOperaciones(corrida);
+    ArbolOperaciones arbol;
+    arbol.CargarArbol(*corrida.Conexion);
+    if (!arbol.MarcarOperaciones(kOperaciones))
+      throw ErrorFatal(u"La empresa sintética no tiene reglas para todas las operaciones."_s);
+    OpcionesGeneracion op;
+    op.Del = banco::InicioPeriodo();
+    op.Al = FinPeriodo();
+    op.FechaDefinida = op.Del;
+    op.Resumen = UnirRuta(gRutaApp, u"Temp\\Resumen%1_%2.txt"_s.arg(frec).arg(++corridas_));
+    Generador generador(corrida, op);
+    generador.avance = [&](const AvanceGeneracion &) { sentencias.Tomar(grabadora); };
+    mensajes_.mostrados.clear();
+    banco::RastreoFilas rastreo;
+    QElapsedTimer reloj;
+    Conexion::InstalarGrabadora(&grabadora);
+    reloj.start();
+    const ResultadoGeneracion r = generador.GenerarPolizas(arbol);
+    sentencias.Tomar(grabadora);
+    const double segundos = Segundos(reloj);
+    Conexion::InstalarGrabadora(nullptr);
+    AnotarFilas(sentencias, rastreo);
+    if (mensajes_.Ids() != std::vector<int>{108})
+      throw ErrorFatal(u"La generación de %1 no terminó con el mensaje 108."_s.arg(m.prueba));
+    m.resultado = r.polizas;
+    return segundos;
+  }
 
   // One run of an export into its file; gives its seconds, and the statements it sent.
   double CorrerExportacion(Medida &m, banco::Sentencias &sentencias) {
@@ -380,16 +401,22 @@ private:
     sentencias.FijarFilas(rastreo.Filas());
   }
 
-  // The replay of a run's statements; one that changes nothing may be run again while
-  // it is short, up to veces times, and its fastest counts.
-  static void Repetir(Medida &m, const banco::Sentencias &sentencias, int veces = 1) {
+  // The replay of a run's statements, after antes and before despues; one that is short
+  // is run again, up to veces times, and its fastest counts.
+  static void Repetir(Medida &m, const banco::Sentencias &sentencias, int veces = 1,
+                      const std::function<void()> &antes = {},
+                      const std::function<void()> &despues = {}) {
     m.sentencias = sentencias.Cuenta();
     double total = 0;
     for (int vez = 0; vez == 0 || (vez < veces && total < kSegundosCortos); ++vez) {
+      if (antes)
+        antes();
       const banco::Repeticion r = banco::Repetir(sentencias);
       if (r.rechazadas > 0)
         throw ErrorFatal(u"La repetición de %1 tuvo %2 sentencias rechazadas."_s.arg(m.prueba).arg(
             r.rechazadas));
+      if (despues)
+        despues();
       total += r.segundos;
       m.repeticion = vez == 0 ? r.segundos : std::min(m.repeticion, r.segundos);
     }
