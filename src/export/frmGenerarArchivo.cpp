@@ -25,14 +25,6 @@ QString GuardarEnDisco(QWidget *padre, const QString &titulo, const QString &fil
   return QDir::toNativeSeparators(nombre);
 }
 
-QDateEdit *Fecha(QWidget *padre, const char *nombre) {
-  auto *d = new QDateEdit(Hoy(), padre);
-  d->setObjectName(QLatin1String(nombre));
-  d->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
-  d->setCalendarPopup(true);
-  return d;
-}
-
 ComboDatos *Filtro(QWidget *padre, const char *nombre) {
   auto *c = new ComboDatos(padre);
   c->setObjectName(QLatin1String(nombre));
@@ -43,10 +35,8 @@ ComboDatos *Filtro(QWidget *padre, const char *nombre) {
 } // namespace
 
 frmGenerarArchivo::frmGenerarArchivo(QWidget *padre) : QDialog(padre), cdgArchivo(&GuardarEnDisco) {
-  setObjectName(QStringLiteral("frmGenerarArchivo"));
-  setWindowTitle(QStringLiteral("GENERAR ARCHIVO DE PÓLIZAS"));
-  setModal(true);
-  setStyleSheet(QStringLiteral("#frmGenerarArchivo { background-color: %1; }").arg(ColorFamilia()));
+  PrepararVentana(this, QStringLiteral("frmGenerarArchivo"),
+                  QStringLiteral("GENERAR ARCHIVO DE PÓLIZAS"));
 
   tlbCatalogo = new BarraPantalla(
       this, {{QStringLiteral("GRB"), QStringLiteral("F10"), QStringLiteral("Generar Archivo"),
@@ -54,8 +44,8 @@ frmGenerarArchivo::frmGenerarArchivo(QWidget *padre) : QDialog(padre), cdgArchiv
              {QStringLiteral("SAL"), QStringLiteral("Esc"), QStringLiteral("Salir")},
              {QStringLiteral("AYU"), QStringLiteral("F1"), QStringLiteral("Ayuda")}});
 
-  dtpFechaIni = Fecha(this, "dtpFechaIni");
-  dtpFechaFin = Fecha(this, "dtpFechaFin");
+  dtpFechaIni = CampoFecha(this, QStringLiteral("dtpFechaIni"));
+  dtpFechaFin = CampoFecha(this, QStringLiteral("dtpFechaFin"));
   auto *grpPeriodo = new QGroupBox(QStringLiteral("Período"), this);
   auto *capaPeriodo = new QGridLayout(grpPeriodo);
   capaPeriodo->addWidget(new QLabel(QStringLiteral("De la Fecha"), grpPeriodo), 0, 0);

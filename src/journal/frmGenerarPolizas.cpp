@@ -41,21 +41,10 @@ QString BuscarEnDisco(QWidget *padre, const QString &titulo, const QString &filt
   return QDir::toNativeSeparators(dialogo.selectedFiles().constFirst());
 }
 
-QDateEdit *Fecha(QWidget *padre) {
-  auto *d = new QDateEdit(Hoy(), padre);
-  d->setObjectName(QStringLiteral("dtpFecha"));
-  d->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
-  d->setCalendarPopup(true);
-  return d;
-}
-
 } // namespace
 
 frmGenerarPolizas::frmGenerarPolizas(QWidget *padre) : QDialog(padre), cdgBuscar(&BuscarEnDisco) {
-  setObjectName(QStringLiteral("frmGenerarPolizas"));
-  setWindowTitle(QStringLiteral("GENERAR PÓLIZAS"));
-  setModal(true);
-  setStyleSheet(QStringLiteral("#frmGenerarPolizas { background-color: %1; }").arg(ColorFamilia()));
+  PrepararVentana(this, QStringLiteral("frmGenerarPolizas"), QStringLiteral("GENERAR PÓLIZAS"));
 
   tlbCatalogo = new BarraPantalla(
       this, {{QStringLiteral("GRB"), QStringLiteral("F10"), QStringLiteral("Generar Pólizas"),
@@ -73,7 +62,7 @@ frmGenerarPolizas::frmGenerarPolizas(QWidget *padre) : QDialog(padre), cdgBuscar
   capaOperaciones->addWidget(tvwOperaciones);
 
   for (int i = 0; i < 3; ++i)
-    dtpFecha[i] = Fecha(this);
+    dtpFecha[i] = CampoFecha(this, QStringLiteral("dtpFecha"));
   auto *grpPeriodo = new QGroupBox(QStringLiteral("Período"), this);
   auto *capaPeriodo = new QGridLayout(grpPeriodo);
   capaPeriodo->addWidget(new QLabel(QStringLiteral("Del"), grpPeriodo), 0, 0);

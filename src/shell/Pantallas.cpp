@@ -1,14 +1,33 @@
 #include "shell/Pantallas.h"
 
 #include "shell/Rutas.h"
+#include "shell/Sesion.h"
 
 #include <QApplication>
+#include <QDateEdit>
 #include <QDesktopServices>
+#include <QDialog>
 #include <QKeyEvent>
 #include <QUrl>
 #include <QWidget>
 
 QString ColorFamilia() { return QStringLiteral("rgb(210, 230, 245)"); }
+
+void PrepararVentana(QDialog *ventana, const QString &nombre, const QString &titulo) {
+  ventana->setObjectName(nombre);
+  ventana->setWindowTitle(titulo);
+  ventana->setModal(true);
+  ventana->setStyleSheet(
+      QStringLiteral("#%1 { background-color: %2; }").arg(nombre, ColorFamilia()));
+}
+
+QDateEdit *CampoFecha(QWidget *padre, const QString &nombre) {
+  auto *d = new QDateEdit(Hoy(), padre);
+  d->setObjectName(nombre);
+  d->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
+  d->setCalendarPopup(true);
+  return d;
+}
 
 VistaPreviaTeclas::VistaPreviaTeclas(QWidget *ventana, Manejador manejador)
     : QObject(ventana), manejador_(std::move(manejador)) {

@@ -5,6 +5,8 @@
 #include <QStringList>
 #include <functional>
 
+class QDateEdit;
+class QDialog;
 class QKeyEvent;
 class QUrl;
 class QWidget;
@@ -13,6 +15,13 @@ class QWidget;
 
 // The family's pale blue (red 210, green 230, blue 245), as a style sheet fragment.
 QString ColorFamilia();
+
+// A dialog of the family: its object name, caption, modality, and the family's colour
+// behind it.
+void PrepararVentana(QDialog *ventana, const QString &nombre, const QString &titulo);
+
+// A date field of the family: today's date, "dd/MM/yyyy", with its calendar.
+QDateEdit *CampoFecha(QWidget *padre, const QString &nombre);
 
 // Lets a window see every key typed in any of its controls before the control does, as
 // a form with its key preview on. The handler gets the control that the key was typed
