@@ -507,24 +507,24 @@ int main(int argc, char *argv[]) {
       Banco banco(motor, opciones);
       for (int documentos : motor == u"mariadb"_s ? opciones.tamanosMariaDb : opciones.tamanos) {
         banco.Construir(documentos);
-        const auto elegida = [&](int prueba) {
-          return opciones.pruebas.contains(kPruebas[prueba]);
-        };
+        const bool porDocumento = opciones.pruebas.contains(u"generacion_documento"_s);
+        const bool contpaq = opciones.pruebas.contains(u"exportacion_contpaq"_s);
+        const bool usuario = opciones.pruebas.contains(u"exportacion_usuario"_s);
         const auto anotar = [&](const Medida &m) {
           Imprimir(out, m);
           medidas.push_back(m);
         };
         // The exports read the entries of the generation by document.
-        if (elegida(0) || elegida(1) || elegida(2)) {
-          const Medida m = banco.Generar(1, elegida(0));
-          if (elegida(0))
+        if (porDocumento || contpaq || usuario) {
+          const Medida m = banco.Generar(1, porDocumento);
+          if (porDocumento)
             anotar(m);
         }
-        if (elegida(1))
+        if (contpaq)
           anotar(banco.Exportar(banco::Formato::Contpaq));
-        if (elegida(2))
+        if (usuario)
           anotar(banco.Exportar(banco::Formato::DosRenglones));
-        if (elegida(3))
+        if (opciones.pruebas.contains(u"generacion_dia"_s))
           anotar(banco.Generar(2));
       }
     }
