@@ -4,5 +4,6 @@ set -euo pipefail
 raiz="$(cd "$(dirname "$0")/.." && pwd)"
 build="${ESCRIBANO_BUILD:-$raiz/build}"
 tipo="${ESCRIBANO_TIPO:-RelWithDebInfo}"
-cmake -S "$raiz" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE="$tipo" >/dev/null
+# shellcheck disable=SC2086
+cmake -S "$raiz" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE="$tipo" ${ESCRIBANO_CMAKE:-} >/dev/null
 cmake --build "$build"

@@ -4,11 +4,11 @@
 #include "journal/Corrida.h"
 #include "journal/Generacion.h"
 #include "shell/CatalogoMensajes.h"
+#include "shell/Plataforma.h"
 #include "shell/Rutas.h"
 #include "shell/Sesion.h"
 
 #include <QFileInfo>
-#include <unistd.h>
 
 namespace cli {
 
@@ -66,7 +66,7 @@ int Generar(const Argumentos &a, QTextStream &out, QTextStream &err) {
   }
 
   Generador generador(corrida, op);
-  if (isatty(STDERR_FILENO)) {
+  if (ErrorEsTerminal()) {
     generador.avance = [&err](const AvanceGeneracion &av) {
       err << "\rRegla " << av.regla << " de " << av.reglas << ": " << av.descripcion.left(40)
           << "  documentos " << av.documento << "/" << av.documentos << "\x1b[K";
@@ -74,8 +74,10 @@ int Generar(const Argumentos &a, QTextStream &out, QTextStream &err) {
     };
   }
   const ResultadoGeneracion r = generador.GenerarPolizas(arbol);
-  if (isatty(STDERR_FILENO))
+  if (ErrorEsTerminal())
     err << "\r\x1b[K";
+  if (!r.candado.isEmpty())
+    return kSalidaGeneracionEnCurso;
   if (!r.corrio) {
     out << "No hay operaciones marcadas con reglas de pólizas: no se generó nada.\n";
     return kSalidaBien;

@@ -42,7 +42,7 @@ const char *const kUsoFinal =
     "CARPETA es la carpeta del programa (Nimbar.mdb, Nimbar.ini); por omisión la variable\n"
     "ESCRIBANO_RUTA o la carpeta del ejecutable.\n"
     "Salida: 0 bien, 1 uso, 2 error fatal, 3 usuario rechazado, 4 sin formato de archivo,\n"
-    "5 archivo no escrito, 6 bitácora existente sin --agregar.\n";
+    "5 archivo no escrito, 6 bitácora existente sin --agregar, 7 otra generación en curso.\n";
 
 // The tables that generation leaves behind, in the order a bookkeeper reads them.
 const char *const kTablasPolizas[] = {"tblPolizasEnc", "tblPolizasRen", "tblMovimxPoliza",

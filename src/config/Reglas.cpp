@@ -1,6 +1,7 @@
 #include "config/Reglas.h"
 
 #include "shell/ServicioConexion.h"
+#include "shell/ServicioUtil.h"
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -32,9 +33,9 @@ int SiguienteCodPol(Conexion &con) {
 }
 
 std::optional<int> BuscarRegla(Conexion &con, int modulo, int codOper, const QString &concepto) {
-  Registros r =
-      con.Abrir(u"SELECT COD_POL FROM tblOperacionxConcep WHERE MODULO="_s + N(modulo) +
-                u" AND COD_OPER="_s + N(codOper) + u" AND CONCEPTO='"_s + concepto + u"'"_s);
+  Registros r = con.Abrir(u"SELECT COD_POL FROM tblOperacionxConcep WHERE MODULO="_s + N(modulo) +
+                          u" AND COD_OPER="_s + N(codOper) + u" AND CONCEPTO='"_s +
+                          Escapar(concepto) + u"'"_s);
   if (r.Vacio())
     return std::nullopt;
   return static_cast<int>(r.Campo(u"COD_POL"_s).Entero());
@@ -44,7 +45,7 @@ std::optional<ReglaPosteo> LeerRegla(Conexion &con, int modulo, int codOper,
                                      const QString &concepto) {
   Registros r = con.Abrir(
       u"SELECT COD_POL, TIP_POLIZA, FREC FROM tblOperacionxConcep WHERE MODULO="_s + N(modulo) +
-      u" AND COD_OPER="_s + N(codOper) + u" AND CONCEPTO='"_s + concepto + u"'"_s);
+      u" AND COD_OPER="_s + N(codOper) + u" AND CONCEPTO='"_s + Escapar(concepto) + u"'"_s);
   if (r.Vacio())
     return std::nullopt;
   ReglaPosteo regla;
@@ -62,13 +63,13 @@ int CrearRegla(Conexion &con, const ReglaPosteo &regla) {
   con.Ejecutar(u"INSERT INTO tblOperacionxConcep (COD_POL, COD_OPER, MODULO, CONCEPTO, "
                "TIP_POLIZA, STS_POLIZA, FREC, DIARIO) VALUES ("_s +
                N(codPol) + u","_s + N(regla.COD_OPER) + u","_s + N(regla.MODULO) + u",'"_s +
-               regla.CONCEPTO + u"','"_s + regla.TIP_POLIZA + u"','D',"_s + N(regla.FREC) +
-               u", "_s + N(regla.DIARIO) + u");"_s);
+               Escapar(regla.CONCEPTO) + u"','"_s + Escapar(regla.TIP_POLIZA) + u"','D',"_s +
+               N(regla.FREC) + u", "_s + N(regla.DIARIO) + u");"_s);
   return codPol;
 }
 
 void ActualizarRegla(Conexion &con, const ReglaPosteo &regla) {
-  con.Ejecutar(u"UPDATE tblOperacionxConcep SET TIP_POLIZA='"_s + regla.TIP_POLIZA +
+  con.Ejecutar(u"UPDATE tblOperacionxConcep SET TIP_POLIZA='"_s + Escapar(regla.TIP_POLIZA) +
                u"', STS_POLIZA='D', FREC="_s + N(regla.FREC) + u", DIARIO="_s + N(regla.DIARIO) +
                u" WHERE COD_POL="_s + N(regla.COD_POL) + u";"_s);
 }
@@ -87,10 +88,11 @@ void InsertarRubroDeRegla(Conexion &con, const RubroOperacion &fila) {
                "PORCENTAJE, TIPO_MOV, CONC_MOV, SUPR_CERO, COD_REF, TXT_REF, COD_DIARIO, "
                "TXT_DIARIO, COD_CONC, TXT_CONC, SEG_NEG, NUM_SEG, RUBRO_DEBE, RUBRO_HABER, "
                "COD_OPER) VALUES ("_s +
-               N(fila.COD_DATO) + u",'"_s + fila.CUENTA_DEBE + u"','"_s + fila.CUENTA_HABER +
-               u"',"_s + N(fila.COD_POL) + u",0,0,0,0,0,'','"_s + fila.COD_DIARIO + u"','',0,'"_s +
-               fila.TXT_CONC.left(30) + u"',0,0,'"_s + fila.RUBRO_DEBE + u"','"_s +
-               fila.RUBRO_HABER + u"',"_s + N(fila.COD_OPER) + u" );"_s);
+               N(fila.COD_DATO) + u",'"_s + Escapar(fila.CUENTA_DEBE) + u"','"_s +
+               Escapar(fila.CUENTA_HABER) + u"',"_s + N(fila.COD_POL) + u",0,0,0,0,0,'','"_s +
+               Escapar(fila.COD_DIARIO) + u"','',0,'"_s + Escapar(fila.TXT_CONC.left(30)) +
+               u"',0,0,'"_s + Escapar(fila.RUBRO_DEBE) + u"','"_s + Escapar(fila.RUBRO_HABER) +
+               u"',"_s + N(fila.COD_OPER) + u" );"_s);
 }
 
 std::vector<RubroOperacion> RubrosDeDefinicion(Conexion &con, int codPol) {
@@ -165,16 +167,16 @@ std::optional<DatoOperacion> LeerDato(Conexion &con, int codDato) {
 // ------------------------------------------------------------------ rubros
 
 std::optional<QString> CuentaDeRubro(Conexion &con, const QString &codRubro) {
-  Registros r =
-      con.Abrir(u"SELECT CUENTA_RUBRO FROM tblCatRubros WHERE COD_RUBRO='"_s + codRubro + u"';"_s);
+  Registros r = con.Abrir(u"SELECT CUENTA_RUBRO FROM tblCatRubros WHERE COD_RUBRO='"_s +
+                          Escapar(codRubro) + u"';"_s);
   if (r.Vacio())
     return std::nullopt;
   return r.Campo(u"CUENTA_RUBRO"_s).Texto();
 }
 
 std::optional<QString> DescripcionDeRubro(Conexion &con, const QString &codRubro) {
-  Registros r =
-      con.Abrir(u"SELECT DES_RUBRO FROM tblCatRubros WHERE COD_RUBRO='"_s + codRubro + u"'"_s);
+  Registros r = con.Abrir(u"SELECT DES_RUBRO FROM tblCatRubros WHERE COD_RUBRO='"_s +
+                          Escapar(codRubro) + u"'"_s);
   if (r.Vacio())
     return std::nullopt;
   return r.Campo(u"DES_RUBRO"_s).Texto();
@@ -192,7 +194,7 @@ std::vector<RubroCatalogo> RubrosSeleccionables(Conexion &con) {
 std::optional<RubroCatalogo> RubroSeleccionable(Conexion &con, const QString &codRubro) {
   return PrimerRubro(con, u"SELECT COD_RUBRO, DES_RUBRO,CUENTA_RUBRO FROM tblCatRubros WHERE "
                           "COD_RUBRO='"_s +
-                              codRubro + u"'  AND ULTIMO_RUBRO='S'"_s);
+                              Escapar(codRubro) + u"'  AND ULTIMO_RUBRO='S'"_s);
 }
 
 std::optional<RubroCatalogo> BuscarRubroSeleccionable(Conexion &con, const QString &texto) {
@@ -201,11 +203,11 @@ std::optional<RubroCatalogo> BuscarRubroSeleccionable(Conexion &con, const QStri
   if (std::optional<RubroCatalogo> r =
           PrimerRubro(con, u"SELECT COD_RUBRO, DES_RUBRO, CUENTA_RUBRO FROM tblCatRubros WHERE "
                            "CUENTA_RUBRO='"_s +
-                               texto + u"'  AND ULTIMO_RUBRO='S'"_s))
+                               Escapar(texto) + u"'  AND ULTIMO_RUBRO='S'"_s))
     return r;
   return PrimerRubro(con, u"SELECT COD_RUBRO, DES_RUBRO, CUENTA_RUBRO FROM tblCatRubros WHERE "
                           "DES_RUBRO LIKE '"_s +
-                              texto + u"%'  AND ULTIMO_RUBRO='S'"_s);
+                              Escapar(texto) + u"%'  AND ULTIMO_RUBRO='S'"_s);
 }
 
 // ------------------------------------------------------------------ journal types
@@ -220,7 +222,8 @@ std::vector<TipoPoliza> LeerTiposPoliza(Conexion &con) {
 }
 
 int DiarioDeFolio(Conexion &con, const QString &codFolio) {
-  Registros r = con.Abrir(u"SELECT COD_NUM FROM tblFolios WHERE COD_FOLIO='"_s + codFolio + u"'"_s);
+  Registros r =
+      con.Abrir(u"SELECT COD_NUM FROM tblFolios WHERE COD_FOLIO='"_s + Escapar(codFolio) + u"'"_s);
   if (r.Vacio())
     return 0;
   return static_cast<int>(r.Campo(u"COD_NUM"_s).Entero());
@@ -228,13 +231,13 @@ int DiarioDeFolio(Conexion &con, const QString &codFolio) {
 
 bool GrabarTipoPoliza(Conexion &con, const QString &codFolio, const QString &folFolios,
                       const QString &codNum) {
-  Registros r =
-      con.Abrir(u"SELECT COD_FOLIO FROM tblFolios WHERE COD_FOLIO='"_s + codFolio + u"';"_s);
+  Registros r = con.Abrir(u"SELECT COD_FOLIO FROM tblFolios WHERE COD_FOLIO='"_s +
+                          Escapar(codFolio) + u"';"_s);
   if (r.Vacio())
     return false;
   // COD_NUM goes in bare: an empty code breaks the statement.
-  con.Ejecutar(u"UPDATE tblFolios SET FOL_FOLIOS='"_s + folFolios + u"',COD_NUM="_s + codNum +
-               u" WHERE (COD_FOLIO='"_s + codFolio + u"');"_s);
+  con.Ejecutar(u"UPDATE tblFolios SET FOL_FOLIOS='"_s + Escapar(folFolios) + u"',COD_NUM="_s +
+               codNum + u" WHERE (COD_FOLIO='"_s + Escapar(codFolio) + u"');"_s);
   return true;
 }
 
@@ -242,14 +245,14 @@ bool GrabarTipoPoliza(Conexion &con, const QString &codFolio, const QString &fol
 
 std::optional<QString> RubroDeCuentaBancaria(Conexion &con, const QString &numCuenta) {
   Registros r = con.Abrir(u"SELECT COD_RUBRO FROM tblCatCtasBancos WHERE NUM_CUENTA='"_s +
-                          numCuenta + u"';"_s);
+                          Escapar(numCuenta) + u"';"_s);
   if (r.Vacio())
     return std::nullopt;
   return r.Campo(u"COD_RUBRO"_s).Texto();
 }
 
 bool RubroTieneCuentaBancaria(Conexion &con, const QString &codRubro) {
-  Registros r =
-      con.Abrir(u"SELECT COD_RUBRO FROM tblCatCtasBancos WHERE COD_RUBRO='"_s + codRubro + u"'"_s);
+  Registros r = con.Abrir(u"SELECT COD_RUBRO FROM tblCatCtasBancos WHERE COD_RUBRO='"_s +
+                          Escapar(codRubro) + u"'"_s);
   return !r.Vacio();
 }

@@ -25,10 +25,8 @@ namespace {
 // Statements
 // ---------------------------------------------------------------------------
 
-QString Txt(const char *texto) {
-  return QLatin1Char('\'') + QString::fromUtf8(texto) + QLatin1Char('\'');
-}
-QString Txt(const QString &texto) { return QLatin1Char('\'') + texto + QLatin1Char('\''); }
+QString Txt(const QString &texto) { return QLatin1Char('\'') + Escapar(texto) + QLatin1Char('\''); }
+QString Txt(const char *texto) { return Txt(QString::fromUtf8(texto)); }
 QString Num(qint64 n) { return QString::number(n); }
 QString Din(Dinero d) { return d.Texto(); }
 
@@ -504,7 +502,7 @@ constexpr Concepto kConceptosCom[] = {
 };
 
 constexpr Concepto kConceptosGyT[] = {
-    {"RENT", "RENTA DEL LOCAL", "GTOS"},
+    {"RENT", "RENTA DEL LOCAL D'ANGELO", "GTOS"},
     {"LUZ", "ENERGÍA ELÉCTRICA", "GTOS"},
     {"GAS", "GAS LP", "GTOS"},
     {"AGUA", "AGUA POTABLE", "GTOS"},
@@ -857,15 +855,16 @@ void LlenarReglas(Conexion &con) {
   for (const Regla &r : kReglas) {
     ++codPol;
     const int diario = NumeroDeDiario(r.tipo);
-    con.Ejecutar(QStringLiteral("INSERT INTO tblOperacionxConcep (COD_POL, COD_OPER, MODULO, "
-                                "CONCEPTO, TIP_POLIZA, STS_POLIZA, FREC, DIARIO) VALUES "
-                                "(%1,%2,%3,'%4','%5','D',%6, %7);")
-                     .arg(codPol)
-                     .arg(r.oper)
-                     .arg(r.modulo)
-                     .arg(QString::fromUtf8(r.concepto), QString::fromUtf8(r.tipo))
-                     .arg(r.frec)
-                     .arg(diario));
+    con.Ejecutar(
+        QStringLiteral("INSERT INTO tblOperacionxConcep (COD_POL, COD_OPER, MODULO, "
+                       "CONCEPTO, TIP_POLIZA, STS_POLIZA, FREC, DIARIO) VALUES "
+                       "(%1,%2,%3,'%4','%5','D',%6, %7);")
+            .arg(codPol)
+            .arg(r.oper)
+            .arg(r.modulo)
+            .arg(Escapar(QString::fromUtf8(r.concepto)), Escapar(QString::fromUtf8(r.tipo)))
+            .arg(r.frec)
+            .arg(diario));
     const QString texto = TextoDeRegla(r);
     for (const RenglonRegla &g : r.renglones) {
       con.Ejecutar(QStringLiteral("INSERT INTO tblRubrosxOperacion (COD_DATO, CUENTA_DEBE, "
@@ -874,9 +873,10 @@ void LlenarReglas(Conexion &con) {
                                   "TXT_CONC, SEG_NEG, NUM_SEG, RUBRO_DEBE, RUBRO_HABER, COD_OPER) "
                                   "VALUES (%1,'%2','%3',%4,0,0,0,0,0,'','%5','',0,'%6',0,0,'%7',"
                                   "'%8',%9 );")
-                       .arg(QString::number(g.dato), CuentaDe(g.debe), CuentaDe(g.haber),
-                            QString::number(codPol), QString::fromUtf8(r.tipo), texto,
-                            QString::fromUtf8(g.debe), QString::fromUtf8(g.haber),
+                       .arg(QString::number(g.dato), Escapar(CuentaDe(g.debe)),
+                            Escapar(CuentaDe(g.haber)), QString::number(codPol),
+                            Escapar(QString::fromUtf8(r.tipo)), Escapar(texto),
+                            Escapar(QString::fromUtf8(g.debe)), Escapar(QString::fromUtf8(g.haber)),
                             QString::number(r.oper)));
     }
   }

@@ -89,7 +89,7 @@ void LlenarIdentidad(Conexion &con, const QString &claveAdmin) {
       "HORAS_CAD,TC_Servicio,TC_EMPRESA,TC_IDSITIO,TC_key) VALUES ('*','',33,1,0,0,0,0,'','','')"));
   con.Ejecutar(QStringLiteral("INSERT INTO tblUsuarios (COD_USU,NOM_USU,TIP_USU,PASS1_USU,"
                               "PASS2_USU,ESTATUS) VALUES ('ADMIN','Administrador',1,'%1','',0)")
-                   .arg(Encriptar(claveAdmin)));
+                   .arg(Escapar(Encriptar(claveAdmin))));
   con.Ejecutar(
       QStringLiteral("INSERT INTO tblVersion (VER,CXC_CENTRAL) VALUES (%1,0)").arg(kVersionNumero));
 }
@@ -138,12 +138,12 @@ ResultadoDemo CrearDemo(const OpcionesDemo &opciones) {
         "CONX_CONSULTORIO,BD_CONSULTORIO,CONX_AC,BD_AC,CONX_DP,BD_DP) VALUES (%1,'%2','%2','%3',%4,"
         "'%5','','','','','','')");
     con->Ejecutar(alta.arg(1)
-                      .arg(QStringLiteral("La Fonda de Doña Lupe"), resultado.conexion)
+                      .arg(QStringLiteral("La Fonda de Doña Lupe"), Escapar(resultado.conexion))
                       .arg(motor::kSqlite)
                       .arg(QStringLiteral("Demo")));
     con->Ejecutar(alta.arg(2)
                       .arg(QStringLiteral("La Fonda de Doña Lupe (dos renglones)"),
-                           QStringLiteral("SQLite=") + relativaSegunda)
+                           Escapar(QStringLiteral("SQLite=") + relativaSegunda))
                       .arg(motor::kSqlite)
                       .arg(QStringLiteral("DemoDosRenglones")));
   } catch (...) {

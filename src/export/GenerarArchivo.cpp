@@ -229,11 +229,11 @@ ResultadoArchivo GenerarArchivo(Conexion &con, FormatoArchivo &f, const DatosGen
 
   QString filtros;
   if (!d.tipo.isEmpty())
-    filtros += QStringLiteral(" AND tblPolizasEnc.TIP_POLIZA='%1'").arg(d.tipo);
+    filtros += QStringLiteral(" AND tblPolizasEnc.TIP_POLIZA='%1'").arg(Escapar(d.tipo));
   if (!d.operacion.isEmpty())
     filtros += QStringLiteral(" AND COD_OPER=%1").arg(d.operacion);
   if (!d.concepto.isEmpty())
-    filtros += QStringLiteral(" AND CONCEP_POL='%1'").arg(d.concepto);
+    filtros += QStringLiteral(" AND CONCEP_POL='%1'").arg(Escapar(d.concepto));
   // The join goes by the folio alone: entries of two types under one folio meet here.
   Registros rs = con.Abrir(
       QStringLiteral("SELECT tblPolizasRen.FOL_POLIZA, FEC_POLIZA, tblPolizasEnc.TIP_POLIZA, "
@@ -379,8 +379,8 @@ QString FormatearFecha(const FormatoArchivo &f, const QDate &fecha) {
 QString ObtenerTipoPoliza(Conexion &con, const FormatoArchivo &f, const QString &tipo) {
   if (!f.EsPaquete)
     return tipo;
-  Registros rs =
-      con.Abrir(QStringLiteral("SELECT COD_NUM FROM tblFolios WHERE COD_FOLIO = '%1'").arg(tipo));
+  Registros rs = con.Abrir(
+      QStringLiteral("SELECT COD_NUM FROM tblFolios WHERE COD_FOLIO = '%1'").arg(Escapar(tipo)));
   return rs.Vacio() ? QStringLiteral("?") : rs.Campo(QStringLiteral("COD_NUM")).Texto();
 }
 

@@ -5,6 +5,7 @@
 #include "shell/CatalogoMensajes.h"
 #include "shell/Rutas.h"
 #include "shell/ServicioConexion.h"
+#include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
 
 #include <QFileInfo>
@@ -144,7 +145,7 @@ void Bitacora::EscribirLinea(const QString &linea) {
 void Bitacora::EscribirPoliza(Conexion &con, const QString &folio, const ConceptoRegla &regla) {
   Registros enc = con.Abrir(
       QStringLiteral("SELECT * FROM tblPolizasEnc WHERE FOL_POLIZA='%1' AND TIP_POLIZA='%2'")
-          .arg(folio, regla.TipPoliza));
+          .arg(Escapar(folio), Escapar(regla.TipPoliza)));
   if (enc.Vacio()) {
     EscribirLinea(QStringLiteral("1") +
                   QStringLiteral(" NO SE GENERARON RENGLONES PARA LA PÓLIZA: ") + folio);
@@ -154,11 +155,11 @@ void Bitacora::EscribirPoliza(Conexion &con, const QString &folio, const Concept
     EscribirLinea(Encabezado());
     Registros ren = con.Abrir(
         QStringLiteral("SELECT * FROM tblPolizasRen WHERE FOL_POLIZA='%1' AND TIP_POLIZA='%2'")
-            .arg(folio, regla.TipPoliza));
+            .arg(Escapar(folio), Escapar(regla.TipPoliza)));
     // The same question for every line of the entry: the text is made once.
     const QString ultimaFecha = u"SELECT FECHA_MOV FROM tblMovimxPoliza WHERE FOLIO_POLIZA='"_s %
-                                folio % u"' AND COD_OPER="_s % QString::number(regla.CodOper) %
-                                u" ORDER BY FECHA_MOV DESC;"_s;
+                                Escapar(folio) % u"' AND COD_OPER="_s %
+                                QString::number(regla.CodOper) % u" ORDER BY FECHA_MOV DESC;"_s;
     // The columns that every line of the entry repeats, each behind its two blanks.
     const QLatin1String separador("  ");
     QString comunes;

@@ -194,19 +194,21 @@ QString DescripcionConcepto(Conexion &con, int catalogo, const QString &concepto
   QString sql;
   switch (catalogo) {
   case 1:
-    sql = u"SELECT DES_CON FROM tblConceptos WHERE COD_CON='"_s + concepto + u"'"_s;
+    sql = u"SELECT DES_CON FROM tblConceptos WHERE COD_CON='"_s + Escapar(concepto) + u"'"_s;
     break;
   case 2:
-    sql = u"SELECT DES_CON FROM tblConceptosCom WHERE COD_CON='"_s + concepto + u"'"_s;
+    sql = u"SELECT DES_CON FROM tblConceptosCom WHERE COD_CON='"_s + Escapar(concepto) + u"'"_s;
     break;
   case 3:
-    sql = u"SELECT DES_CON FROM tblConceptosGyT WHERE COD_CON='"_s + concepto + u"'"_s;
+    sql = u"SELECT DES_CON FROM tblConceptosGyT WHERE COD_CON='"_s + Escapar(concepto) + u"'"_s;
     break;
   case 4:
-    sql = u"SELECT (DES_CIE) AS DES_CON FROM tblConceptoIE WHERE COD_CIE='"_s + concepto + u"'"_s;
+    sql = u"SELECT (DES_CIE) AS DES_CON FROM tblConceptoIE WHERE COD_CIE='"_s + Escapar(concepto) +
+          u"'"_s;
     break;
   case 5:
-    sql = u"SELECT (DES_SER) AS DES_CON FROM tblServicios WHERE COD_SER='"_s + concepto + u"'"_s;
+    sql = u"SELECT (DES_SER) AS DES_CON FROM tblServicios WHERE COD_SER='"_s + Escapar(concepto) +
+          u"'"_s;
     break;
   default:
     return {};
@@ -235,7 +237,8 @@ void LeerDocumentos(Corrida &corrida) {
   const QString &fecha = op.CampoFecha;
   QString filtro = op.Filtro;
   if (!regla.Concepto.isEmpty() && !op.CampoConcepto.isEmpty())
-    filtro += u" ("_s + enc + u"."_s + op.CampoConcepto + u" = '"_s + regla.Concepto + u"') AND"_s;
+    filtro += u" ("_s + enc + u"."_s + op.CampoConcepto + u" = '"_s + Escapar(regla.Concepto) +
+              u"') AND"_s;
 
   QString sql = u"SELECT DISTINCT ("_s + enc + u"."_s + fecha + u") AS FECHADOC,("_s + enc +
                 u"."_s + clave + u") AS FOLIODOC FROM "_s + enc;
@@ -277,9 +280,9 @@ void BuscarPosteos(Corrida &corrida) {
     Documento &d = docs.Actual();
     {
       // The module isn't asked; of several rows the first is used.
-      Registros m = con.Abrir(u"SELECT * FROM tblMovimxPoliza WHERE FOLIO_MOV='"_s % d.FOLIO_DOC %
-                              u"' AND COD_OPER="_s % N(regla.CodOper) % u" AND CONCEPTO='"_s %
-                              regla.Concepto % u"';"_s);
+      Registros m = con.Abrir(u"SELECT * FROM tblMovimxPoliza WHERE FOLIO_MOV='"_s %
+                              Escapar(d.FOLIO_DOC) % u"' AND COD_OPER="_s % N(regla.CodOper) %
+                              u" AND CONCEPTO='"_s % Escapar(regla.Concepto) % u"';"_s);
       if (m.Vacio())
         continue;
       d.ESTA_CONTAB = true;
@@ -289,8 +292,9 @@ void BuscarPosteos(Corrida &corrida) {
       d.FRECU_CONTAB = static_cast<int>(m.Campo(u"FREC"_s).Entero());
     }
     // The entry is looked for under the journal type of the rule as it stands today.
-    Registros p = con.Abrir(u"SELECT * FROM tblPolizasEnc WHERE FOL_POLIZA='"_s % d.FOLIO_POLIZA %
-                            u"' AND TIP_POLIZA='"_s % regla.TipPoliza % u"';"_s);
+    Registros p =
+        con.Abrir(u"SELECT * FROM tblPolizasEnc WHERE FOL_POLIZA='"_s % Escapar(d.FOLIO_POLIZA) %
+                  u"' AND TIP_POLIZA='"_s % Escapar(regla.TipPoliza) % u"';"_s);
     if (!p.Vacio()) {
       d.SUMADEBE_ANT = p.Campo(u"SUM_DEBE"_s).ComoDinero();
       d.SUMAHABER_ANT = p.Campo(u"SUM_HABER"_s).ComoDinero();

@@ -26,6 +26,12 @@ constexpr int kFallasInsercion = 1000;
 
 } // namespace
 
+QString MensajeGeneracionEnCurso(const QString &candado) {
+  return QStringLiteral("Otra generación de pólizas de esta empresa está en curso (candado %1). "
+                        "Espere a que termine e intente de nuevo; no se grabó nada.")
+      .arg(candado);
+}
+
 int FolioComoNumero(const QString &folio) {
   if (folio.isEmpty())
     return 0;
@@ -89,6 +95,16 @@ ResultadoGeneracion Generador::GenerarPolizas(const ArbolOperaciones &arbol) {
   LeerConceptos(arbol);
   if (c_.NumConceptos == 0)
     return resultado;
+  // One run at a time in a company, from this workstation or another: a second one
+  // would take the same documents and post them twice.
+  QString candado;
+  const std::unique_ptr<Candado> exclusivo =
+      c_.Conexion->TomarCandado(QStringLiteral("generacion"), &candado);
+  if (!exclusivo) {
+    resultado.candado = candado;
+    CatalogoMensajes::MostrarTexto(MensajeGeneracionEnCurso(candado), IconoMensaje::Advertencia);
+    return resultado;
+  }
   if (!Bitacora::ValidarBitacora(op_.Resumen))
     return resultado;
   resultado.corrio = true;
@@ -168,9 +184,11 @@ bool Generador::PostearPorDocumento(int n) {
       folio = doc.FOLIO_POLIZA;
       c_.ImporteAntDebe = Round2(doc.SUMADEBE_ANT);
       c_.ImporteAntHaber = Round2(doc.SUMAHABER_ANT);
+      // The entry's writes begin with its old lines going: GrabarPoliza confirms them all.
+      c_.Conexion->IniciarTransaccion();
       c_.Conexion->Ejecutar(
           QStringLiteral("DELETE FROM tblPolizasRen WHERE FOL_POLIZA='%1' AND TIP_POLIZA='%2';")
-              .arg(folio, regla.TipPoliza));
+              .arg(Escapar(folio), Escapar(regla.TipPoliza)));
       bitacora_.EscribirLinea(regla.TipPoliza + folio +
                               QStringLiteral(" ya estaba contabilizada. Se actualizó"));
     }
@@ -214,7 +232,9 @@ bool Generador::PostearPorDia(int n) {
     c_.FechaDocumento = doc.FECHA_DOCTO;
     bool publicar = false;
     if (doc.FECHA_DOCTO > fechaActual) {
-      // A new day: the first document decides for all of it.
+      // A new day: the first document decides for all of it. The day before is
+      // confirmed whole, its entry and the records of all its documents, before its log.
+      c_.Conexion->ConfirmarTransaccion();
       if (hayPoliza)
         bitacora_.EscribirPoliza(*c_.Conexion, folio, regla);
       CrearRenglones(c_);
@@ -230,9 +250,10 @@ bool Generador::PostearPorDia(int n) {
         folio = doc.FOLIO_POLIZA;
         c_.ImporteAntDebe = Round2(doc.SUMADEBE_ANT);
         c_.ImporteAntHaber = Round2(doc.SUMAHABER_ANT);
+        c_.Conexion->IniciarTransaccion();
         c_.Conexion->Ejecutar(
             QStringLiteral("DELETE FROM tblPolizasRen WHERE FOL_POLIZA='%1' AND TIP_POLIZA='%2';")
-                .arg(folio, regla.TipPoliza));
+                .arg(Escapar(folio), Escapar(regla.TipPoliza)));
         bitacora_.EscribirLinea(folio + QStringLiteral(" ya estaba contabilizada. Se actualizó"));
         publicar = true;
       } else if (doc.FRECU_CONTAB == frec::kPorDia) {
@@ -241,6 +262,7 @@ bool Generador::PostearPorDia(int n) {
           c_.Documentos.Siguiente();
         if (c_.Documentos.Fin())
           return false; // without the last entry's log, whatever was posted before
+                        // (the day before was confirmed when this one began)
         continue;
       } else {
         folio = doc.FOLIO_POLIZA;
@@ -279,6 +301,7 @@ bool Generador::PostearPorDia(int n) {
                                                : c_.FechaDocumento);
     c_.Documentos.Siguiente();
   }
+  c_.Conexion->ConfirmarTransaccion();
   if (hayPoliza)
     bitacora_.EscribirPoliza(*c_.Conexion, folio, regla);
   return hayPoliza;
@@ -288,7 +311,7 @@ bool Generador::PostearPorDia(int n) {
 
 QString Generador::SiguienteFolio(int concepto) {
   const QString tipo = c_.Conceptos[static_cast<std::size_t>(concepto)].TipPoliza;
-  const QString sql = u"SELECT * FROM tblFolios WHERE COD_FOLIO='"_s % tipo % u"';"_s;
+  const QString sql = u"SELECT * FROM tblFolios WHERE COD_FOLIO='"_s % Escapar(tipo) % u"';"_s;
   Registros r = c_.Conexion->Abrir(sql);
   if (r.Vacio())
     return {};
@@ -310,12 +333,12 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
     fecha = QDateTime(op_.FechaDefinida, QTime(0, 0));
   const Documento &doc = c_.Documentos.Actual();
   const auto existe = [&regla](const QString &folio) -> QString {
-    return u"SELECT FOL_POLIZA FROM tblPolizasEnc WHERE FOL_POLIZA='"_s % folio %
-           u"' AND TIP_POLIZA='"_s % regla.TipPoliza % u"';"_s;
+    return u"SELECT FOL_POLIZA FROM tblPolizasEnc WHERE FOL_POLIZA='"_s % Escapar(folio) %
+           u"' AND TIP_POLIZA='"_s % Escapar(regla.TipPoliza) % u"';"_s;
   };
   const auto guardarFolio = [&regla](const QString &folio) -> QString {
-    return u"UPDATE tblFolios SET FOL_FOLIOS='"_s % folio % u"' WHERE COD_FOLIO='"_s %
-           regla.TipPoliza % u"';"_s;
+    return u"UPDATE tblFolios SET FOL_FOLIOS='"_s % Escapar(folio) % u"' WHERE COD_FOLIO='"_s %
+           Escapar(regla.TipPoliza) % u"';"_s;
   };
   Poliza p;
   p.FEC_POLIZA = fecha.date();
@@ -326,6 +349,9 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
   p.SUM_DEBE = c_.SumaDebe;
   p.SUM_HABER = c_.SumaHaber;
   QString folio;
+  // By document the entry is confirmed here; by day, with the last document of its day.
+  con.IniciarTransaccion();
+  const bool porDocumento = regla.Frec == frec::kPorDocumento;
   if (!doc.ESTA_CONTAB) {
     p.FEC_ANTERIOR = fecha.date();
     folio = SiguienteFolio(c_.ConceptoActual);
@@ -357,6 +383,8 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
             QStringLiteral("No fue posible agregar póliza de tipo ") +
             NombreTipoPoliza(regla.TipPoliza) +
             QStringLiteral(" debido a un problema en el consecutivo de folios"));
+        if (porDocumento)
+          con.ConfirmarTransaccion(); // the counter stays where the tries left it
         return {};
       }
     }
@@ -370,8 +398,8 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
                                   "FOL_POLIZA='%7' AND TIP_POLIZA='%8';")
                        .arg(ServicioUtil::FechaSQL(p.FEC_POLIZA, gMotor),
                             ServicioUtil::FechaSQL(p.FEC_ANTERIOR, gMotor), p.IMPANT_DEBE.Texto(),
-                            p.IMPANT_HABER.Texto(), p.SUM_DEBE.Texto(), p.SUM_HABER.Texto(), folio,
-                            regla.TipPoliza));
+                            p.IMPANT_HABER.Texto(), p.SUM_DEBE.Texto(), p.SUM_HABER.Texto(),
+                            Escapar(folio), Escapar(regla.TipPoliza)));
     } else {
       // The entry vanished while its document still names it: it is made again.
       p.FOL_POLIZA = folio;
@@ -383,8 +411,9 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
   ++polizas_;
   GrabarRenglones(folio);
   GrabarBitacora(folio, fecha);
-  if (regla.Frec == frec::kPorDocumento) {
+  if (porDocumento) {
     GrabarMovimiento(folio, fecha);
+    con.ConfirmarTransaccion();
     bitacora_.EscribirPoliza(con, folio, regla);
   }
   return folio;
@@ -408,15 +437,15 @@ void Generador::GrabarBitacora(const QString &folio, const QDateTime &fecha) {
   const QString modulo = QString::number(regla.Modulo);
   const QString oper = QString::number(regla.CodOper);
   const QString donde = u"MODULO="_s % modulo % u" AND COD_OPER="_s % oper %
-                        u" AND COD_CONCEP='"_s % regla.Concepto % u"' AND FOL_POLIZA='"_s % folio %
-                        u"';"_s;
+                        u" AND COD_CONCEP='"_s % Escapar(regla.Concepto) % u"' AND FOL_POLIZA='"_s %
+                        Escapar(folio) % u"';"_s;
   const QString hoy = ServicioUtil::FechaSQL(Hoy(), gMotor);
   const QString ahora = ServicioUtil::FechaHoraSQL(Ahora(), gMotor);
   if (!con.Abrir(u"SELECT COD_OPER FROM tblBitacoraPolizas WHERE "_s % donde).Vacio()) {
     con.Ejecutar(u"UPDATE tblBitacoraPolizas SET FEC_MOVIM="_s % Fecha(fecha) % u",FEC_GENERA="_s %
                  hoy % u",HR_GENERA="_s % ahora % u",SUMA_DEBE="_s % c_.SumaDebe.Texto() %
-                 u",SUMA_HABER="_s % c_.SumaHaber.Texto() % u",USU_ACTUALIZO='"_s % gCodUsu %
-                 u"' WHERE "_s % donde);
+                 u",SUMA_HABER="_s % c_.SumaHaber.Texto() % u",USU_ACTUALIZO='"_s %
+                 Escapar(gCodUsu) % u"' WHERE "_s % donde);
     return;
   }
   // The log table is no reason to stop: a failed insertion is dropped.
@@ -424,9 +453,10 @@ void Generador::GrabarBitacora(const QString &folio, const QDateTime &fecha) {
       u"INSERT INTO tblBitacoraPolizas (MODULO,COD_OPER,COD_CONCEP,FEC_MOVIM,FOL_POLIZA,"
       "TIP_POLIZA,FEC_GENERA,HR_GENERA,SUMA_DEBE,SUMA_HABER,USU_GENERA,USU_ACTUALIZO,IMPRESA,"
       "ESTATUS) VALUES ("_s %
-      modulo % u","_s % oper % u",'"_s % regla.Concepto % u"',"_s % Fecha(fecha) % u",'"_s % folio %
-      u"','"_s % regla.TipPoliza % u"',"_s % hoy % u","_s % ahora % u","_s % c_.SumaDebe.Texto() %
-      u","_s % c_.SumaHaber.Texto() % u",'"_s % gCodUsu % u"','', 0, 0)"_s);
+      modulo % u","_s % oper % u",'"_s % Escapar(regla.Concepto) % u"',"_s % Fecha(fecha) %
+      u",'"_s % Escapar(folio) % u"','"_s % Escapar(regla.TipPoliza) % u"',"_s % hoy % u","_s %
+      ahora % u","_s % c_.SumaDebe.Texto() % u","_s % c_.SumaHaber.Texto() % u",'"_s %
+      Escapar(gCodUsu) % u"','', 0, 0)"_s);
 }
 
 void Generador::GrabarMovimiento(const QString &folio, const QDateTime &fecha) {
@@ -443,20 +473,20 @@ void Generador::GrabarMovimiento(const QString &folio, const QDateTime &fecha) {
   const QString modulo = QString::number(regla.Modulo);
   const QString oper = QString::number(regla.CodOper);
   const QString frecuencia = QString::number(regla.Frec);
-  const QString donde = u"FOLIO_MOV='"_s % doc % u"' AND CONCEPTO='"_s % regla.Concepto %
-                        u"' AND MODULO="_s % modulo % u" AND FECHA_MOV="_s % fmov %
-                        u" AND COD_OPER="_s % oper % u";"_s;
-  if (!con.Abrir(u"SELECT * FROM tblMovimxPoliza WHERE FOLIO_POLIZA='"_s % folio % u"' AND "_s %
-                 donde)
+  const QString donde = u"FOLIO_MOV='"_s % Escapar(doc) % u"' AND CONCEPTO='"_s %
+                        Escapar(regla.Concepto) % u"' AND MODULO="_s % modulo %
+                        u" AND FECHA_MOV="_s % fmov % u" AND COD_OPER="_s % oper % u";"_s;
+  if (!con.Abrir(u"SELECT * FROM tblMovimxPoliza WHERE FOLIO_POLIZA='"_s % Escapar(folio) %
+                 u"' AND "_s % donde)
            .Vacio()) {
-    con.Ejecutar(u"UPDATE tblMovimxPoliza SET FOLIO_POLIZA='"_s % folio % u"',FREC="_s %
+    con.Ejecutar(u"UPDATE tblMovimxPoliza SET FOLIO_POLIZA='"_s % Escapar(folio) % u"',FREC="_s %
                  frecuencia % u",FECHA_CON="_s % fcon % u" WHERE "_s % donde);
   } else {
     con.Ejecutar(u"INSERT INTO tblMovimxPoliza (FOLIO_MOV,CONCEPTO,MODULO,FOLIO_POL,FOLIO_POLIZA,"
                  "FREC,FECHA_CON,FECHA_MOV,COD_OPER) VALUES ('"_s %
-                 doc % u"','"_s % regla.Concepto % u"',"_s % modulo % u","_s %
-                 QString::number(FolioComoNumero(folio)) % u",'"_s % folio % u"',"_s % frecuencia %
-                 u","_s % fcon % u","_s % fmov % u","_s % oper % u")"_s);
+                 Escapar(doc) % u"','"_s % Escapar(regla.Concepto) % u"',"_s % modulo % u","_s %
+                 QString::number(FolioComoNumero(folio)) % u",'"_s % Escapar(folio) % u"',"_s %
+                 frecuencia % u","_s % fcon % u","_s % fmov % u","_s % oper % u")"_s);
   }
   // The stamp for the sibling modules.
   const OperacionFuente &fuente = c_.OperacionActual();
@@ -470,18 +500,20 @@ void Generador::GrabarMovimiento(const QString &folio, const QDateTime &fecha) {
   case 20:
   case 21:
     sello = u"UPDATE "_s % fuente.TablaEnc % u" SET CONTAB=1 WHERE "_s % f % u" (COD_CON='"_s %
-            regla.Concepto % u"') AND "_s % fuente.CampoClave % u"='"_s % doc % u"'"_s;
+            Escapar(regla.Concepto) % u"') AND "_s % fuente.CampoClave % u"='"_s % Escapar(doc) %
+            u"'"_s;
     break;
   case 10:
   case 11:
     sello = u"UPDATE "_s % fuente.TablaEnc % u" SET CONTAB=1 WHERE "_s % f % u" (CON_CEP='"_s %
-            regla.Concepto % u"') AND "_s % fuente.CampoClave % u"='"_s % doc % u"'"_s;
+            Escapar(regla.Concepto) % u"') AND "_s % fuente.CampoClave % u"='"_s % Escapar(doc) %
+            u"'"_s;
     break;
   case 19:
     break; // no statement: the empty text is sent and refused
   default:
     sello = u"UPDATE "_s % fuente.TablaEnc % u" SET CONTAB=1 WHERE "_s % f % u" "_s %
-            fuente.CampoClave % u"='"_s % doc % u"'"_s;
+            fuente.CampoClave % u"='"_s % Escapar(doc) % u"'"_s;
     break;
   }
   con.Ejecutar(sello);

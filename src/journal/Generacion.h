@@ -21,7 +21,9 @@ struct AvanceGeneracion {
 
 // What the run tells its caller at the end.
 struct ResultadoGeneracion {
-  bool corrio = false; // false when nothing was checked or the log was refused
+  bool corrio = false; // false when nothing was checked, the log was refused or the
+                       // company's generation was taken by another run
+  QString candado;     // the lock another run holds, when that was why; empty otherwise
   bool hubo = false;   // an entry was written (message 108), else 5508
   int polizas = 0;     // entries written or redone in this run
   QString bitacora;    // the log file used
@@ -68,6 +70,9 @@ private:
   AvanceGeneracion estado_;
   int polizas_ = 0;
 };
+
+// What a run is told when another holds the company's generation.
+QString MensajeGeneracionEnCurso(const QString &candado);
 
 // The whole number that tblMovimxPoliza keeps of a folio: 0 for an empty one; beyond a
 // 32-bit integer the conversion fails and ends the process.

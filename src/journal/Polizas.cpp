@@ -47,27 +47,28 @@ QString FormatoFolio(qint64 numero) {
 QString SentenciaInsertarPoliza(const Poliza &p, int motor) {
   return u"INSERT INTO tblPolizasEnc (FOL_POLIZA,FEC_POLIZA,TIP_POLIZA,COD_OPER,CONCEP_POL,"
          "FEC_ANTERIOR,IMPANT_DEBE,IMPANT_HABER,SUM_DEBE,SUM_HABER,ESTATUS) VALUES ('"_s %
-         p.FOL_POLIZA % u"',"_s % ServicioUtil::FechaSQL(p.FEC_POLIZA, motor) % u",'"_s %
-         p.TIP_POLIZA % u"',"_s % QString::number(p.COD_OPER) % u",'"_s % p.CONCEP_POL % u"',"_s %
-         ServicioUtil::FechaSQL(p.FEC_ANTERIOR, motor) % u","_s % p.IMPANT_DEBE.Texto() % u","_s %
-         p.IMPANT_HABER.Texto() % u","_s % p.SUM_DEBE.Texto() % u","_s % p.SUM_HABER.Texto() %
-         u","_s % QString::number(p.ESTATUS) % u")"_s;
+         Escapar(p.FOL_POLIZA) % u"',"_s % ServicioUtil::FechaSQL(p.FEC_POLIZA, motor) % u",'"_s %
+         Escapar(p.TIP_POLIZA) % u"',"_s % QString::number(p.COD_OPER) % u",'"_s %
+         Escapar(p.CONCEP_POL) % u"',"_s % ServicioUtil::FechaSQL(p.FEC_ANTERIOR, motor) % u","_s %
+         p.IMPANT_DEBE.Texto() % u","_s % p.IMPANT_HABER.Texto() % u","_s % p.SUM_DEBE.Texto() %
+         u","_s % p.SUM_HABER.Texto() % u","_s % QString::number(p.ESTATUS) % u")"_s;
 }
 
 QString SentenciaRenglonDebe(const QString &folio, const QString &tipo, int codDato,
                              const QString &rubro, const QString &cuenta, Dinero importe) {
   return u"INSERT INTO tblPolizasRen (FOL_POLIZA,TIP_POLIZA,COD_DATO,RUBRO_DEBE,RUBRO_HABER,"
          "CUENTA_DEBE,CUENTA_HABER,IMP_DEBE,IMP_HABER) VALUES ('"_s %
-         folio % u"','"_s % tipo % u"',"_s % QString::number(codDato) % u",'"_s % rubro %
-         u"','','"_s % cuenta % u"','',"_s % importe.Texto() % u",0)"_s;
+         Escapar(folio) % u"','"_s % Escapar(tipo) % u"',"_s % QString::number(codDato) % u",'"_s %
+         Escapar(rubro) % u"','','"_s % Escapar(cuenta) % u"','',"_s % importe.Texto() % u",0)"_s;
 }
 
 QString SentenciaRenglonHaber(const QString &folio, const QString &tipo, int codDato,
                               const QString &rubro, const QString &cuenta, Dinero importe) {
   return u"INSERT INTO tblPolizasRen (FOL_POLIZA,TIP_POLIZA,COD_DATO,RUBRO_DEBE,RUBRO_HABER,"
          "CUENTA_DEBE,CUENTA_HABER,IMP_DEBE,IMP_HABER) VALUES ('"_s %
-         folio % u"','"_s % tipo % u"',"_s % QString::number(codDato) % u",'','"_s % rubro %
-         u"','','"_s % cuenta % u"',0,"_s % importe.Texto() % u")"_s;
+         Escapar(folio) % u"','"_s % Escapar(tipo) % u"',"_s % QString::number(codDato) %
+         u",'','"_s % Escapar(rubro) % u"','','"_s % Escapar(cuenta) % u"',0,"_s % importe.Texto() %
+         u")"_s;
 }
 
 void InsertarPoliza(Conexion &con, const Poliza &p, const std::vector<RenglonPoliza> &renglones) {
@@ -85,7 +86,7 @@ void InsertarPoliza(Conexion &con, const Poliza &p, const std::vector<RenglonPol
 std::optional<Poliza> LeerPoliza(Conexion &con, const QString &folio, const QString &tipo) {
   Registros r = con.Abrir(
       QStringLiteral("SELECT * FROM tblPolizasEnc WHERE FOL_POLIZA='%1' AND TIP_POLIZA='%2';")
-          .arg(folio, tipo));
+          .arg(Escapar(folio), Escapar(tipo)));
   if (r.Vacio())
     return std::nullopt;
   Poliza p;
@@ -107,7 +108,7 @@ std::vector<RenglonPoliza> LeerRenglones(Conexion &con, const QString &folio, co
   std::vector<RenglonPoliza> renglones;
   Registros r = con.Abrir(
       QStringLiteral("SELECT * FROM tblPolizasRen WHERE FOL_POLIZA='%1' AND TIP_POLIZA='%2';")
-          .arg(folio, tipo));
+          .arg(Escapar(folio), Escapar(tipo)));
   for (; !r.Fin(); r.Siguiente()) {
     RenglonPoliza l;
     l.FOL_POLIZA = r.Campo(QStringLiteral("FOL_POLIZA")).Texto();

@@ -71,7 +71,7 @@ void LadoDelRenglon(Corrida &corrida, const QString &rubroRegla, const QString &
   QString numCta;
   {
     Registros m = con.Abrir(u"SELECT NUM_CTA FROM tblIngreEgre WHERE FOL_MOV='"_s +
-                            corrida.FolioDocumento + u"';"_s);
+                            Escapar(corrida.FolioDocumento) + u"';"_s);
     numCta = m.Campo(u"NUM_CTA"_s).Texto();
   }
   if (std::optional<QString> codRubro = RubroDeCuentaBancaria(con, numCta))
@@ -111,8 +111,9 @@ Dinero ValorDeCampo(Corrida &corrida, int renglon, const QString &clave) {
     op.FiltroConcepto += u" AND"_s;
   const QString suma = u"SELECT SUM("_s + campo.Tabla + u"."_s + campo.Campo +
                        u") AS TOTAL FROM "_s + campo.Tabla + u" WHERE "_s + op.FiltroConcepto;
-  const QString sql = corrida.PorDia() ? suma + u" "_s + op.CampoFecha + u" = "_s + clave + u";"_s
-                                       : suma + u" "_s + op.CampoClave + u" ='"_s + clave + u"';"_s;
+  const QString sql = corrida.PorDia()
+                          ? suma + u" "_s + op.CampoFecha + u" = "_s + clave + u";"_s
+                          : suma + u" "_s + op.CampoClave + u" ='"_s + Escapar(clave) + u"';"_s;
   Registros r = corrida.Conexion->Abrir(sql);
   if (r.Vacio())
     return {};
@@ -135,9 +136,9 @@ Dinero ResolverDato(Corrida &corrida, int renglon, const QString &clave) {
   if (corrida.PorDia())
     K = u" "_s % fuente.TablaEnc % u"."_s % fuente.CampoFecha % u"="_s % clave;
   else if (dato == 97 || dato == 129 || dato == 130)
-    K = u" "_s % fuente.CampoClave % u"='"_s % clave % u"'"_s;
+    K = u" "_s % fuente.CampoClave % u"='"_s % Escapar(clave) % u"'"_s;
   else
-    K = u" "_s % fuente.TablaEnc % u"."_s % fuente.CampoClave % u"='"_s % clave % u"'"_s;
+    K = u" "_s % fuente.TablaEnc % u"."_s % fuente.CampoClave % u"='"_s % Escapar(clave) % u"'"_s;
   QString F = fuente.FiltroConcepto;
   if (!QStringView(F).right(5).contains(u"AND"))
     F += u" AND"_s;
@@ -230,13 +231,13 @@ Dinero ResolverDato(Corrida &corrida, int renglon, const QString &clave) {
     case 23:
       sql = u"SELECT SUM(COS_TOT * TIP_CAM) AS TOTDAT,SUM(COS_TOT) AS TOTDOS FROM tblGralAlmacen "
             "WHERE CON_CEP='"_s +
-            concepto + u"' AND "_s + FK;
+            Escapar(concepto) + u"' AND "_s + FK;
       break;
     case 111:
     case 113:
       sql = u"SELECT SUM((COS_TOT * TIP_CAM)-COS_TOT) AS TOTDAT FROM tblGralAlmacen WHERE "
             "CON_CEP='"_s +
-            concepto + u"' AND "_s + FK;
+            Escapar(concepto) + u"' AND "_s + FK;
       break;
     case 121:
     case 123:
@@ -356,7 +357,7 @@ Dinero ResolverDato(Corrida &corrida, int renglon, const QString &clave) {
   case 21:
     // Every datum of these operations reads the same amount.
     sql = u"SELECT SUM(IMP_DOC - IVA_DOC) AS TOTDAT FROM tblCxPEnc WHERE (tblCxPEnc.CON_CEP='"_s +
-          concepto + u"') AND "_s + FK;
+          Escapar(concepto) + u"') AND "_s + FK;
     break;
 
   case 22:
@@ -365,7 +366,7 @@ Dinero ResolverDato(Corrida &corrida, int renglon, const QString &clave) {
     case 68:
       sql = u"SELECT SUM(IMP_MOV - IVA_MOV + RET_TOT + RET_ISRTOT) AS TOTDAT FROM tblGastosEnc "
             "WHERE tblGastosEnc.CON_CEP='"_s +
-            concepto + u"' AND "_s + FK;
+            Escapar(concepto) + u"' AND "_s + FK;
       break;
     case 198:
       sql = u"SELECT SUM(IMP_MOV - IVA_MOV + RET_TOT + RET_ISRTOT) AS TOTDAT FROM tblGastosEnc "
@@ -410,7 +411,7 @@ Dinero ResolverDato(Corrida &corrida, int renglon, const QString &clave) {
 
   case 24:
   case 25: {
-    const QString C = fuente.CampoConcepto + u"='"_s + concepto + u"' AND "_s;
+    const QString C = fuente.CampoConcepto + u"='"_s + Escapar(concepto) + u"' AND "_s;
     if (dato == 202)
       sql = u"SELECT SUM(IMP_MOV * TIP_CAM) AS TOTDAT FROM tblIngreEgre WHERE "_s + C + FK;
     else if (dato == 203)
@@ -463,8 +464,8 @@ Dinero ImpuestosVenta(Corrida &corrida, int dato, const QString &clave) {
       sql = u"SELECT SUM(IMP"_s + N(n) + u"_REG) AS SUMA FROM tblRenVentas"_s + J +
             u" WHERE COD"_s + N(n) + u"_IMP="_s + N(impuestos[caso - 84]);
     sql += u" AND "_s + op.Filtro;
-    sql +=
-        corrida.PorDia() ? u" FEC_DOC = "_s + clave : u" tblRenVentas.REF_DOC='"_s + clave + u"'"_s;
+    sql += corrida.PorDia() ? u" FEC_DOC = "_s + clave
+                            : u" tblRenVentas.REF_DOC='"_s + Escapar(clave) + u"'"_s;
     // A base on the second slot counts only where that slot really taxed it.
     if (caso >= 81 && caso <= 83 && n == 2)
       sql += u" AND IMP2_REG>0"_s;
@@ -488,7 +489,7 @@ Dinero VentaPorArticulo(Corrida &corrida, int renglon, const QString &clave,
                                 "tblRenVentas.REF_DOC=tblGralVentas.REF_DOC WHERE FEC_DOC="_s +
                                 clave + u" GROUP BY COD1_ART ORDER BY COD1_ART;"_s
                           : u"SELECT COD1_ART,SUM(CAN_ART * "_s + expresion +
-                                u") AS SUMA FROM tblRenVentas WHERE REF_DOC='"_s + clave +
+                                u") AS SUMA FROM tblRenVentas WHERE REF_DOC='"_s + Escapar(clave) +
                                 u"' GROUP BY COD1_ART ORDER BY COD1_ART;"_s;
   return LineasPorArticulo(corrida, renglon, sql);
 }
@@ -501,7 +502,7 @@ Dinero CostoPepsPorArticulo(Corrida &corrida, int renglon, const QString &clave)
                 corrida.OperacionActual().Filtro + u" FEC_DOC="_s + clave +
                 u" GROUP BY COD1_ART ORDER BY COD1_ART;"_s
           : u"SELECT COD1_ART,SUM(COS_PEPS*TIP_CAM) AS SUMA FROM tblRenVentas WHERE REF_DOC='"_s +
-                clave + u"' GROUP BY COD1_ART ORDER BY COD1_ART;"_s;
+                Escapar(clave) + u"' GROUP BY COD1_ART ORDER BY COD1_ART;"_s;
   return LineasPorArticulo(corrida, renglon, sql);
 }
 
@@ -514,16 +515,16 @@ Dinero AlmacenPorArticulo(Corrida &corrida, int renglon, bool conTipoCambio, con
                 u" FROM tblRenAlmacen INNER JOIN tblGralAlmacen ON "
                 "tblRenAlmacen.REF_MOV=tblGralAlmacen.REF_MOV WHERE FEC_MOV="_s +
                 clave + u" AND "_s + corrida.OperacionActual().Filtro + u" CON_CEP='"_s +
-                corrida.Concepto().Concepto + u"' GROUP BY COD1_ART ORDER BY COD1_ART;"_s
-          : u"SELECT COD1_ART,"_s + suma + u" FROM tblRenAlmacen WHERE REF_MOV='"_s + clave +
-                u"' GROUP BY COD1_ART ORDER BY COD1_ART;"_s;
+                Escapar(corrida.Concepto().Concepto) + u"' GROUP BY COD1_ART ORDER BY COD1_ART;"_s
+          : u"SELECT COD1_ART,"_s + suma + u" FROM tblRenAlmacen WHERE REF_MOV='"_s +
+                Escapar(clave) + u"' GROUP BY COD1_ART ORDER BY COD1_ART;"_s;
   return LineasPorArticulo(corrida, renglon, sql);
 }
 
 Dinero CompraPorArticulo(Corrida &corrida, int dato, const QString &clave, int renglon) {
   const OperacionFuente &op = corrida.OperacionActual();
-  const QString condicion =
-      corrida.PorDia() ? op.CampoFecha + u"="_s + clave : op.CampoClave + u"='"_s + clave + u"'"_s;
+  const QString condicion = corrida.PorDia() ? op.CampoFecha + u"="_s + clave
+                                             : op.CampoClave + u"='"_s + Escapar(clave) + u"'"_s;
   // The filter and the condition meet without a blank between them.
   const QString sql = u"SELECT COD1_ART,CAN_ART,COS_UNI,TIP_CAM,DESCUENTO1,DESCUENTO2,DESCUENTO3,"
                       "DESCUENTO4,DESCUENTO5,DESCUENTO6 FROM tblComprasRen INNER JOIN "

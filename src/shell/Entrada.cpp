@@ -27,7 +27,7 @@ ResultadoEntrada AceptarEntrada(Conexion &conexionGeneral, Conexion &conexionEmp
     Registros r = conexionEmpresa.Abrir(
         QStringLiteral("SELECT COD_USU,ESTATUS,PASS1_USU,PASS2_USU FROM tblUsuarios WHERE "
                        "COD_USU='%1';")
-            .arg(cod));
+            .arg(Escapar(cod)));
     if (r.Vacio()) {
       CatalogoMensajes::Mostrar(410, {}, IconoMensaje::Informacion,
                                 BotonesMensaje::AceptarCancelar);
@@ -71,7 +71,7 @@ ResultadoEntrada AceptarEntrada(Conexion &conexionGeneral, Conexion &conexionEmp
           if (!nuevo1.isEmpty() && !nuevo2.isEmpty())
             conexionEmpresa.Ejecutar(QStringLiteral("UPDATE tblUsuarios SET PASS1_USU='%1',"
                                                     "PASS2_USU='%2' WHERE COD_USU='%3';")
-                                         .arg(nuevo1, nuevo2, cod));
+                                         .arg(Escapar(nuevo1), Escapar(nuevo2), Escapar(cod)));
           MigrarClaves(conexionEmpresa, cod);
         }
       }
@@ -88,7 +88,7 @@ ResultadoEntrada AceptarEntrada(Conexion &conexionGeneral, Conexion &conexionEmp
 void MigrarClaves(Conexion &conexionEmpresa, const QString &codUsu) {
   Registros r = conexionEmpresa.Abrir(
       QStringLiteral("SELECT COD_USU,PASS1_USU,PASS2_USU FROM tblUsuarios WHERE COD_USU<>'%1'")
-          .arg(codUsu));
+          .arg(Escapar(codUsu)));
   for (; !r.Fin(); r.Siguiente()) {
     const QString cod = r.Campo(QStringLiteral("COD_USU")).Texto();
     const QString p1 = r.Campo(QStringLiteral("PASS1_USU")).Texto();
@@ -96,10 +96,10 @@ void MigrarClaves(Conexion &conexionEmpresa, const QString &codUsu) {
     if (p1.size() <= 10)
       conexionEmpresa.Ejecutar(
           QStringLiteral("UPDATE tblUsuarios SET PASS1_USU='%1' WHERE COD_USU='%2';")
-              .arg(Encriptar(p1), cod));
+              .arg(Escapar(Encriptar(p1)), Escapar(cod)));
     if (p2.size() <= 10)
       conexionEmpresa.Ejecutar(
           QStringLiteral("UPDATE tblUsuarios SET PASS2_USU='%1' WHERE COD_USU='%2';")
-              .arg(Encriptar(p2), cod));
+              .arg(Escapar(Encriptar(p2)), Escapar(cod)));
   }
 }

@@ -1,6 +1,7 @@
 #include "shell/ServicioConexion.h"
 
 #include "shell/ErrorFatal.h"
+#include "shell/Plataforma.h"
 #include "shell/Rutas.h"
 #include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
@@ -8,17 +9,41 @@
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
+#include <QLockFile>
 #include <QSqlDatabase>
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlRecord>
+#include <QThread>
 #include <algorithm>
 #include <atomic>
 #include <cmath>
 
 namespace {
 Grabadora *gGrabadora = nullptr;
+// Milliseconds that a statement on the embedded engine waits for another writer.
+constexpr int kEsperaOcupada = 30000;
 std::atomic<int> gSiguienteNombre{0};
+
+// Faults on purpose, for the tests of what a killed or slow run leaves: the process is
+// killed before its Nth write (ESCRIBANO_PRUEBA_CORTE=N), or each write waits
+// (ESCRIBANO_PRUEBA_PAUSA=milliseconds). Neither is set in ordinary use.
+struct FallaProvocada {
+  int corte = qEnvironmentVariableIntValue("ESCRIBANO_PRUEBA_CORTE");
+  int pausa = qEnvironmentVariableIntValue("ESCRIBANO_PRUEBA_PAUSA");
+  int escrituras = 0;
+  void AntesDeEscribir() {
+    ++escrituras;
+    if (corte > 0 && escrituras >= corte)
+      MatarProceso();
+    if (pausa > 0)
+      QThread::msleep(static_cast<unsigned long>(pausa));
+  }
+};
+FallaProvocada &Falla() {
+  static FallaProvocada f;
+  return f;
+}
 
 QString TextoError(const QSqlError &e) {
   QString t = e.text().trimmed();
@@ -69,6 +94,36 @@ QDate FechaIso(QStringView t) {
   }
   return QDate(partes[0], partes[1], partes[2]);
 }
+
+// The lock file beside an embedded database. A lock left by a process that no longer
+// runs on this machine is stale and taken over; a live one is never, however old.
+class CandadoArchivo : public Candado {
+public:
+  explicit CandadoArchivo(const QString &ruta) : Candado(ruta), archivo_(ruta) {
+    archivo_.setStaleLockTime(0);
+  }
+  bool Tomar() { return archivo_.tryLock(0); }
+
+private:
+  QLockFile archivo_;
+};
+
+// A lock the server keeps for the session: it goes with the connection.
+class CandadoServidor : public Candado {
+public:
+  CandadoServidor(QString nombre, QSqlDatabase base, QString soltar)
+      : Candado(std::move(nombre)), base_(std::move(base)), soltar_(std::move(soltar)) {}
+  ~CandadoServidor() override {
+    if (base_.isOpen()) {
+      QSqlQuery q(base_);
+      q.exec(soltar_);
+    }
+  }
+
+private:
+  QSqlDatabase base_;
+  QString soltar_;
+};
 
 bool EsArchivoSqlite(const QString &ruta) {
   QFile f(ruta);
@@ -222,6 +277,13 @@ Conexion::Conexion(QString nombreQt, int motor, QString texto)
     : nombre_(std::move(nombreQt)), motor_(motor), texto_(std::move(texto)) {}
 
 Conexion::~Conexion() {
+  if (enTransaccion_) {
+    try {
+      DeshacerTransaccion();
+    } catch (const ErrorFatal &) {
+      // The connection goes anyway: the engine undoes what was never confirmed.
+    }
+  }
   compiladas_.clear();
   base_ = QSqlDatabase(); // Qt removes a connection only when no handle is left
   {
@@ -234,20 +296,118 @@ Conexion::~Conexion() {
 
 void Conexion::InstalarGrabadora(Grabadora *g) { gGrabadora = g; }
 
-QSqlQuery Conexion::Preparar(const QString &sql) {
-  if (gGrabadora)
-    gGrabadora->sentencias << sql;
+QSqlDatabase &Conexion::Base() {
   if (!base_.isValid()) {
     base_ = QSqlDatabase::database(nombre_, false);
     guardaCompiladas_ = base_.driverName() == QStringLiteral("QSQLITE");
   }
-  QSqlQuery q(base_);
+  return base_;
+}
+
+void Conexion::Transaccion(const char *sentencia) {
+  QSqlDatabase &db = Base();
+  const QString texto = QString::fromLatin1(sentencia);
+  bool ok = false;
+  if (guardaCompiladas_) {
+    // The embedded engine takes the write lock when the entry begins (IMMEDIATE), so a
+    // writer that comes later waits at the start rather than failing half way.
+    QSqlQuery q(db);
+    ok = q.exec(texto == QStringLiteral("BEGIN") ? QStringLiteral("BEGIN IMMEDIATE") : texto);
+    if (!ok)
+      throw ErrorFatal(QStringLiteral("Error en la transacción: %1").arg(TextoError(q.lastError())),
+                       texto);
+    return;
+  }
+  if (texto == QStringLiteral("BEGIN"))
+    ok = db.transaction();
+  else if (texto == QStringLiteral("COMMIT"))
+    ok = db.commit();
+  else
+    ok = db.rollback();
+  if (!ok)
+    throw ErrorFatal(QStringLiteral("Error en la transacción: %1").arg(TextoError(db.lastError())),
+                     texto);
+}
+
+std::unique_ptr<Candado> Conexion::TomarCandado(const QString &trabajo, QString *nombre) {
+  QSqlDatabase &db = Base();
+  if (guardaCompiladas_) {
+    const QString ruta =
+        db.databaseName() + QStringLiteral(".") + trabajo + QStringLiteral(".lock");
+    auto candado = std::make_unique<CandadoArchivo>(ruta);
+    if (nombre)
+      *nombre = ruta;
+    if (!candado->Tomar())
+      return nullptr;
+    return candado;
+  }
+  QSqlQuery q(db);
+  QString sql;
+  QString soltar;
+  if (motor_ == motor::kSqlServer) {
+    const QString n = QStringLiteral("N'escribano.") + trabajo + QStringLiteral(".' + DB_NAME()");
+    sql = QStringLiteral("SET NOCOUNT ON; DECLARE @n NVARCHAR(255) = %1; DECLARE @r INT; "
+                         "EXEC @r = sp_getapplock @Resource=@n, @LockMode='Exclusive', "
+                         "@LockOwner='Session', @LockTimeout=0; "
+                         "SELECT CASE WHEN @r>=0 THEN 1 ELSE 0 END AS TOMADO, @n AS NOMBRE;")
+              .arg(n);
+    soltar = QStringLiteral("DECLARE @n NVARCHAR(255) = %1; "
+                            "EXEC sp_releaseapplock @Resource=@n, @LockOwner='Session';")
+                 .arg(n);
+  } else {
+    // Named after the database, so that every workstation of the company meets it.
+    sql = QStringLiteral("SELECT GET_LOCK(CONCAT('escribano.%1.',DATABASE()),0) AS TOMADO,"
+                         "CONCAT('escribano.%1.',DATABASE()) AS NOMBRE;")
+              .arg(trabajo);
+    soltar =
+        QStringLiteral("SELECT RELEASE_LOCK(CONCAT('escribano.%1.',DATABASE()));").arg(trabajo);
+  }
+  if (!q.exec(sql) || !q.next())
+    throw ErrorFatal(QStringLiteral("No fue posible pedir el candado de %1 a la base de datos: %2")
+                         .arg(trabajo, TextoError(q.lastError())),
+                     sql);
+  const QString n = q.value(1).toString();
+  if (nombre)
+    *nombre = n;
+  const bool tomado = q.value(0).toInt() == 1;
+  q.finish();
+  if (!tomado)
+    return nullptr;
+  return std::make_unique<CandadoServidor>(n, db, soltar);
+}
+
+void Conexion::IniciarTransaccion() {
+  if (enTransaccion_)
+    return;
+  Transaccion("BEGIN");
+  enTransaccion_ = true;
+}
+
+void Conexion::ConfirmarTransaccion() {
+  if (!enTransaccion_)
+    return;
+  enTransaccion_ = false;
+  Transaccion("COMMIT");
+}
+
+void Conexion::DeshacerTransaccion() {
+  if (!enTransaccion_)
+    return;
+  enTransaccion_ = false;
+  Transaccion("ROLLBACK");
+}
+
+QSqlQuery Conexion::Preparar(const QString &sql) {
+  if (gGrabadora)
+    gGrabadora->sentencias << sql;
+  QSqlQuery q(Base());
   q.setForwardOnly(true);
   q.setNumericalPrecisionPolicy(QSql::HighPrecision);
   return q;
 }
 
 int Conexion::Ejecutar(const QString &sql) {
+  Falla().AntesDeEscribir();
   QSqlQuery q = Preparar(sql);
   if (!q.exec(sql))
     throw ErrorFatal(
@@ -256,6 +416,7 @@ int Conexion::Ejecutar(const QString &sql) {
 }
 
 bool Conexion::IntentarEjecutar(const QString &sql, int *afectados, QString *error) {
+  Falla().AntesDeEscribir();
   QSqlQuery q = Preparar(sql);
   const bool ok = q.exec(sql);
   if (afectados)
@@ -388,11 +549,22 @@ ConexionPtr ServicioConexion::Abrir(const DestinoConexion &destino, const QStrin
   auto con = std::make_unique<Conexion>(nombre, destino.motor, texto);
   QSqlDatabase db = QSqlDatabase::addDatabase(destino.driver, nombre);
   db.setDatabaseName(destino.baseDeDatos);
+  const bool sqlite = destino.driver == QStringLiteral("QSQLITE");
+  // A database busy with another workstation's entry is waited for, not failed at once.
+  if (sqlite)
+    db.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(kEsperaOcupada));
   if (!db.open())
     throw ErrorFatal(
         QStringLiteral("No fue posible abrir la conexión: %1").arg(TextoError(db.lastError())));
-  if (destino.driver == QStringLiteral("QSQLITE"))
+  if (sqlite)
     AjustarSqlite(db);
+  if (destino.motor == motor::kMySql) {
+    // A backslash is an ordinary character, as on the other engines: a value is quoted
+    // only by doubling its apostrophes.
+    QSqlQuery q(db);
+    q.exec(QStringLiteral("SET SESSION sql_mode=CONCAT_WS(',',NULLIF(@@SESSION.sql_mode,''),"
+                          "'NO_BACKSLASH_ESCAPES')"));
+  }
   return con;
 }
 

@@ -70,6 +70,25 @@ private:
   bool fin_ = true;
 };
 
+class Conexion;
+
+// An exclusive lock on one kind of work in one company database, seen by every
+// workstation: a lock file beside the database on the embedded engine, GET_LOCK on
+// MySQL and MariaDB, sp_getapplock on SQL Server. It is held until it is destroyed, or
+// until its connection or its process ends, however they end.
+class Candado {
+public:
+  virtual ~Candado() = default;
+  // The lock's name, as a message names it.
+  const QString &Nombre() const { return nombre_; }
+
+protected:
+  explicit Candado(QString nombre) : nombre_(std::move(nombre)) {}
+
+private:
+  QString nombre_;
+};
+
 // Keeps every statement text sent through any connection, in order, while installed.
 struct Grabadora {
   QStringList sentencias;
@@ -97,11 +116,26 @@ public:
   // The same under a local handler: no value on failure.
   std::unique_ptr<Registros> IntentarAbrir(const QString &sql, QString *error = nullptr);
 
+  // The writes of one journal entry stand or fall together: between Iniciar and
+  // Confirmar nothing is seen by others, and a run that dies in between leaves nothing of
+  // the entry. Iniciar on an open transaction does nothing; Confirmar and Deshacer
+  // without one do nothing. A connection closed with a transaction open undoes it.
+  void IniciarTransaccion();
+  void ConfirmarTransaccion();
+  void DeshacerTransaccion();
+  bool EnTransaccion() const { return enTransaccion_; }
+
+  // Takes the lock of a kind of work (for instance "generacion") on this company without
+  // waiting: null when another connection holds it, with its name in *nombre.
+  std::unique_ptr<Candado> TomarCandado(const QString &trabajo, QString *nombre);
+
   // The recorder in use by every connection, or none.
   static void InstalarGrabadora(Grabadora *g);
 
 private:
   QSqlQuery Preparar(const QString &sql);
+  QSqlDatabase &Base();
+  void Transaccion(const char *sentencia);
   // Runs a query that gives rows. On the embedded engine the compiled statement is kept
   // under its text and run again when the same text comes back: the query still goes to
   // the database every time, only its compilation is spared. The query holds the error
@@ -113,6 +147,7 @@ private:
   };
   std::vector<Compilada> compiladas_; // the most recently used last
   bool guardaCompiladas_ = false;
+  bool enTransaccion_ = false;
   QString nombre_;
   int motor_;
   QString texto_;

@@ -192,3 +192,10 @@ double Val(const QString &texto) {
   const double v = limpio.left(fin).toDouble(&ok);
   return ok ? v : 0.0;
 }
+
+QString Escapar(const QString &valor) {
+  if (!valor.contains(QLatin1Char('\'')))
+    return valor;
+  QString doble = valor;
+  return doble.replace(QLatin1Char('\''), QStringLiteral("''"));
+}

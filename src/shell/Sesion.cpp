@@ -93,14 +93,14 @@ QString Domicilio(const Registros &r, const char *calle, const char *ext, const 
 QString CiudadEstado(Conexion &con, const QString &codCd, const QString &codEdo) {
   QString ciudad;
   if (!codCd.isEmpty()) {
-    Registros r =
-        con.Abrir(QStringLiteral("SELECT DES_CID FROM tblCiudad WHERE COD_CID='%1';").arg(codCd));
+    Registros r = con.Abrir(
+        QStringLiteral("SELECT DES_CID FROM tblCiudad WHERE COD_CID='%1';").arg(Escapar(codCd)));
     if (!r.Vacio())
       ciudad = r.Campo(QStringLiteral("DES_CID")).Texto();
   }
   if (!codEdo.isEmpty()) {
-    Registros r =
-        con.Abrir(QStringLiteral("SELECT DES_EST FROM tblEstado WHERE COD_EST='%1';").arg(codEdo));
+    Registros r = con.Abrir(
+        QStringLiteral("SELECT DES_EST FROM tblEstado WHERE COD_EST='%1';").arg(Escapar(codEdo)));
     if (!r.Vacio()) {
       const QString estado = r.Campo(QStringLiteral("DES_EST")).Texto();
       ciudad = ciudad.isEmpty() ? estado : ciudad + QStringLiteral(", ") + estado;
@@ -207,7 +207,7 @@ void CargarEmpresa(Conexion &conexionGeneral, Conexion &conexionEmpresa, int num
   }
   conexionEmpresa.Ejecutar(
       QStringLiteral("UPDATE tblParametrosGenerales SET CONX_CXC='%1',BD_CXC='%2';")
-          .arg(gConexion, gNombreBD));
+          .arg(Escapar(gConexion), Escapar(gNombreBD)));
   if (Hoy() >= QDate(2018, 1, 1)) {
     Registros r = conexionEmpresa.Abrir(
         QStringLiteral("SELECT FE_VERSION,FE_ACTUAL FROM tblParametrosGenerales;"));
@@ -405,7 +405,8 @@ void VerificarClavesDuplicadas(Conexion &conexionEmpresa) {
     const QString a1 = usuarios.Campo(QStringLiteral("PASS1_USU")).Texto();
     const QString a2 = usuarios.Campo(QStringLiteral("PASS2_USU")).Texto();
     Registros otros = conexionEmpresa.Abrir(
-        QStringLiteral("SELECT * FROM tblUsuarios WHERE COD_USU<>'%1' ORDER BY COD_USU;").arg(cod));
+        QStringLiteral("SELECT * FROM tblUsuarios WHERE COD_USU<>'%1' ORDER BY COD_USU;")
+            .arg(Escapar(cod)));
     while (!otros.Fin()) {
       const QString b1 = otros.Campo(QStringLiteral("PASS1_USU")).Texto();
       const QString b2 = otros.Campo(QStringLiteral("PASS2_USU")).Texto();

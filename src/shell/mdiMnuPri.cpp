@@ -105,9 +105,10 @@ void mdiMnuPri::MostrarUsuario() {
     return;
   ConexionPtr con = AbrirEmpresa();
   con->Ejecutar(
-      QStringLiteral("UPDATE tblUsuarios SET ESTATUS=2 WHERE COD_USU='%1';").arg(gCodUsu));
-  Registros r = con->Abrir(
-      QStringLiteral("SELECT NOM_USU,TIP_USU FROM tblUsuarios WHERE COD_USU='%1';").arg(gCodUsu));
+      QStringLiteral("UPDATE tblUsuarios SET ESTATUS=2 WHERE COD_USU='%1';").arg(Escapar(gCodUsu)));
+  Registros r =
+      con->Abrir(QStringLiteral("SELECT NOM_USU,TIP_USU FROM tblUsuarios WHERE COD_USU='%1';")
+                     .arg(Escapar(gCodUsu)));
   if (!r.Vacio())
     Panel(4)->setText(r.Campo(QStringLiteral("NOM_USU")).Texto().trimmed());
 }
@@ -137,7 +138,7 @@ bool mdiMnuPri::ConfirmarSalida() {
   RelojArena reloj;
   ConexionPtr con = AbrirEmpresa();
   con->Ejecutar(
-      QStringLiteral("UPDATE tblUsuarios SET ESTATUS=0 WHERE COD_USU='%1';").arg(gCodUsu));
+      QStringLiteral("UPDATE tblUsuarios SET ESTATUS=0 WHERE COD_USU='%1';").arg(Escapar(gCodUsu)));
   return false;
 }
 

@@ -216,9 +216,13 @@ TEST_P(Generacion, FoliosHaveElevenDigitsOrMoreAndBeyondAWholeNumberTheRunEnds) 
   Ejecutar("UPDATE tblFolios SET FOL_FOLIOS='123456789012' WHERE COD_FOLIO='E'");
   Gasto("G-2", d10(), "100");
   EXPECT_THROW(Correr(), ErrorFatal);
-  // What was written stays: the header stands, its record failed.
-  EXPECT_EQ(Filas("SELECT FOL_POLIZA FROM tblPolizasEnc WHERE FOL_POLIZA='123456789013'"),
-            L({"123456789013"}));
+  // The entry is written whole or not at all: its record failed, so its header, its
+  // lines and the counter are as they were before it.
+  EXPECT_TRUE(
+      Filas("SELECT FOL_POLIZA FROM tblPolizasEnc WHERE FOL_POLIZA='123456789013'").isEmpty());
+  EXPECT_TRUE(
+      Filas("SELECT FOL_POLIZA FROM tblPolizasRen WHERE FOL_POLIZA='123456789013'").isEmpty());
+  EXPECT_EQ(Filas(kFolioE), L({"123456789012"}));
 }
 
 TEST_P(Generacion, AJournalTypeMissingFromTheFoliosGivesAnEmptyFolio) {
