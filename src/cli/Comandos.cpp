@@ -179,7 +179,7 @@ int Resumen(const Argumentos &a, QTextStream &out) {
   Conexion *con = sesion.empresa.get();
 
   out << "Empresa " << gNumEmp << ": " << gNomCom << " (" << gNomEmp << ")\n";
-  out << "  Conexión:        " << gConexion << "\n";
+  out << "  Conexión:        " << OcultarClaves(gConexion) << "\n";
   out << "  Motor:           " << gMotor << "\n";
   out << "  Base de datos:   " << gNombreBD << "\n";
   out << "  Sucursal:        " << gCodSucu << "\n";

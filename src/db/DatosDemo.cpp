@@ -25,7 +25,18 @@ namespace {
 // Statements
 // ---------------------------------------------------------------------------
 
-QString Txt(const QString &texto) { return QLatin1Char('\'') + Escapar(texto) + QLatin1Char('\''); }
+bool gMarcar = false;
+
+QString Marcado(const QString &texto) {
+  if (!gMarcar || texto.size() <= 4 ||
+      std::none_of(texto.begin(), texto.end(), [](QChar c) { return c.isLetter(); }))
+    return texto;
+  return texto.left(1) + QLatin1Char('\'') + texto.mid(2);
+}
+
+QString Txt(const QString &texto) {
+  return QLatin1Char('\'') + Escapar(Marcado(texto)) + QLatin1Char('\'');
+}
 QString Txt(const char *texto) { return Txt(QString::fromUtf8(texto)); }
 QString Num(qint64 n) { return QString::number(n); }
 QString Din(Dinero d) { return d.Texto(); }
@@ -855,16 +866,16 @@ void LlenarReglas(Conexion &con) {
   for (const Regla &r : kReglas) {
     ++codPol;
     const int diario = NumeroDeDiario(r.tipo);
-    con.Ejecutar(
-        QStringLiteral("INSERT INTO tblOperacionxConcep (COD_POL, COD_OPER, MODULO, "
-                       "CONCEPTO, TIP_POLIZA, STS_POLIZA, FREC, DIARIO) VALUES "
-                       "(%1,%2,%3,'%4','%5','D',%6, %7);")
-            .arg(codPol)
-            .arg(r.oper)
-            .arg(r.modulo)
-            .arg(Escapar(QString::fromUtf8(r.concepto)), Escapar(QString::fromUtf8(r.tipo)))
-            .arg(r.frec)
-            .arg(diario));
+    con.Ejecutar(QStringLiteral("INSERT INTO tblOperacionxConcep (COD_POL, COD_OPER, MODULO, "
+                                "CONCEPTO, TIP_POLIZA, STS_POLIZA, FREC, DIARIO) VALUES "
+                                "(%1,%2,%3,'%4','%5','D',%6, %7);")
+                     .arg(codPol)
+                     .arg(r.oper)
+                     .arg(r.modulo)
+                     .arg(Escapar(Marcado(QString::fromUtf8(r.concepto))),
+                          Escapar(QString::fromUtf8(r.tipo)))
+                     .arg(r.frec)
+                     .arg(diario));
     const QString texto = TextoDeRegla(r);
     for (const RenglonRegla &g : r.renglones) {
       con.Ejecutar(QStringLiteral("INSERT INTO tblRubrosxOperacion (COD_DATO, CUENTA_DEBE, "
@@ -875,9 +886,9 @@ void LlenarReglas(Conexion &con) {
                                   "'%8',%9 );")
                        .arg(QString::number(g.dato), Escapar(CuentaDe(g.debe)),
                             Escapar(CuentaDe(g.haber)), QString::number(codPol),
-                            Escapar(QString::fromUtf8(r.tipo)), Escapar(texto),
-                            Escapar(QString::fromUtf8(g.debe)), Escapar(QString::fromUtf8(g.haber)),
-                            QString::number(r.oper)));
+                            Escapar(QString::fromUtf8(r.tipo)), Escapar(Marcado(texto)),
+                            Escapar(Marcado(QString::fromUtf8(g.debe))),
+                            Escapar(Marcado(QString::fromUtf8(g.haber))), QString::number(r.oper)));
     }
   }
 }
@@ -1431,6 +1442,8 @@ void MesDeDocumentos::Almacen() {
 }
 
 } // namespace
+
+void MarcarTextos(bool marcar) { gMarcar = marcar; }
 
 void LlenarCatalogos(Conexion &con) {
   LlenarOperaciones(con);

@@ -63,6 +63,12 @@ QString Encabezado() {
 
 } // namespace
 
+QString MensajeBitacoraNoEscrita(const QString &ruta, const QString &error) {
+  return QStringLiteral("No fue posible escribir la bitácora %1 (%2). Las pólizas se generan sin "
+                        "bitácora.")
+      .arg(ruta, error);
+}
+
 QString Bitacora::NombreBitacora(int numEmp, const QDate &fechaDefinida) {
   return gRutaApp + QStringLiteral("\\TEMP\\ResumenPol") + QString::number(numEmp) +
          QLatin1Char('_') + fechaDefinida.toString(QStringLiteral("ddMMyyyy")) +
@@ -103,6 +109,8 @@ void Bitacora::AbrirBitacora(Conexion &con, const OpcionesGeneracion &opciones) 
   }
   archivo_ = std::make_unique<QFile>(ruta);
   if (!archivo_->open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+    CatalogoMensajes::MostrarTexto(MensajeBitacoraNoEscrita(ruta, archivo_->errorString()),
+                                   IconoMensaje::Advertencia);
     archivo_.reset();
     return;
   }

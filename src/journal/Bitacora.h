@@ -13,6 +13,9 @@ struct ConceptoRegla;
 // each rule, the messages of posting, and each entry as a table of its lines. It
 // accumulates: a run on an existing file keeps the old text above a line of dashes.
 // Windows-1252 with CR LF.
+// What the user is told when the log can't be written.
+QString MensajeBitacoraNoEscrita(const QString &ruta, const QString &error);
+
 class Bitacora {
 public:
   // gRutaApp + "\TEMP\ResumenPol" + company + "_" + DDMMYYYY of the defined date + ".txt".
@@ -23,6 +26,7 @@ public:
 
   // Keeps the old text, empties the file and writes the head. A file that can't be
   // written leaves the run without a log.
+  // A file that can't be written leaves the run without a log, and the user told so.
   void AbrirBitacora(Conexion &con, const OpcionesGeneracion &opciones);
   void EscribirLinea(const QString &linea);
   // The table of an entry of the rule: heading and one line for each of its lines.

@@ -4,12 +4,17 @@
 #include <exception>
 #include <string>
 
-// A failure that ends the process: the message and the statement that failed.
-// What was written before it stays written; there are no transactions to undo.
+// A text with the value of every "Password=" and "Pwd=" in it (any case) replaced by
+// asterisks: what a message, a log or the terminal may show of a connection text.
+QString OcultarClaves(const QString &texto);
+
+// A failure that ends the process: the message and the statement that failed, with any
+// password in them hidden. What was written before it stays written; the entry in work
+// is undone when its connection closes.
 class ErrorFatal : public std::exception {
 public:
   explicit ErrorFatal(QString mensaje, QString sentencia = {})
-      : mensaje_(std::move(mensaje)), sentencia_(std::move(sentencia)),
+      : mensaje_(OcultarClaves(mensaje)), sentencia_(OcultarClaves(sentencia)),
         utf8_(mensaje_.toStdString()) {}
 
   const QString &Mensaje() const { return mensaje_; }

@@ -125,11 +125,17 @@ private:
   QString soltar_;
 };
 
-bool EsArchivoSqlite(const QString &ruta) {
+// The first bytes of a database file: SQLite's own, or the Jet and ACE signatures.
+QByteArray Cabecera(const QString &ruta) {
   QFile f(ruta);
   if (!f.open(QIODevice::ReadOnly))
-    return false;
-  return f.read(16).startsWith("SQLite format 3");
+    return {};
+  return f.read(20);
+}
+bool EsArchivoSqlite(const QString &ruta) { return Cabecera(ruta).startsWith("SQLite format 3"); }
+bool EsArchivoJet(const QString &ruta) {
+  const QByteArray c = Cabecera(ruta).mid(4);
+  return c.startsWith("Standard Jet DB") || c.startsWith("Standard ACE DB");
 }
 } // namespace
 
@@ -522,6 +528,9 @@ DestinoConexion ServicioConexion::Traducir(const QString &conexion, const QStrin
   }
   if (proveedor.startsWith(QStringLiteral("Microsoft.Jet.OLEDB"), Qt::CaseInsensitive)) {
     const QString ruta = RutaNativa(ParteConexion(t, QStringLiteral("Data Source")));
+    if (QFileInfo::exists(ruta) && !EsArchivoSqlite(ruta) && !EsArchivoJet(ruta))
+      throw ErrorFatal(
+          QStringLiteral("El archivo %1 no es una base de datos: está vacío o dañado.").arg(ruta));
     if (EsArchivoSqlite(ruta) || !QFileInfo::exists(ruta)) {
       d.driver = QStringLiteral("QSQLITE");
       d.baseDeDatos = ruta;

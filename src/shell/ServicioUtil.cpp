@@ -1,5 +1,6 @@
 #include "shell/ServicioUtil.h"
 
+#include "shell/ErrorFatal.h"
 #include "shell/Rutas.h"
 
 #include <QFile>
@@ -121,7 +122,33 @@ bool ServicioUtil::EscribirIni(const QString &seccion, const QString &clave, con
   return f.commit();
 }
 
+namespace {
+
+// A date the engine can't hold ends the run with a message that says so, rather than
+// with the engine's own words or a wrong row.
+void RevisarRango(const QDate &fecha, int motor) {
+  if (!fecha.isValid())
+    return;
+  QDate menor(1, 1, 1);
+  if (motor == motor::kSqlServer)
+    menor = QDate(1753, 1, 1);
+  else if (motor == motor::kMySql)
+    menor = QDate(1000, 1, 1);
+  else if (motor == 0)
+    menor = QDate(100, 1, 1);
+  const QDate mayor(9999, 12, 31);
+  if (fecha < menor || fecha > mayor)
+    throw ErrorFatal(QStringLiteral("La fecha %1 está fuera del intervalo que admite la base de "
+                                    "datos (%2 a %3).")
+                         .arg(fecha.toString(QStringLiteral("dd/MM/yyyy")),
+                              menor.toString(QStringLiteral("dd/MM/yyyy")),
+                              mayor.toString(QStringLiteral("dd/MM/yyyy"))));
+}
+
+} // namespace
+
 QString ServicioUtil::FechaSQL(const QDate &fecha, int motor) {
+  RevisarRango(fecha, motor);
   switch (motor) {
   case motor::kSqlServer:
     return QLatin1Char('\'') + fecha.toString(QStringLiteral("yyyyMMdd")) + QLatin1Char('\'');
@@ -136,6 +163,7 @@ QString ServicioUtil::FechaSQL(const QDate &fecha, int motor) {
 QString ServicioUtil::FechaSQL(const QDateTime &momento, int motor) {
   if (momento.time() == QTime(0, 0))
     return FechaSQL(momento.date(), motor);
+  RevisarRango(momento.date(), motor);
   const QString hora = momento.time().toString(QStringLiteral("HH:mm:ss"));
   switch (motor) {
   case motor::kSqlServer:
