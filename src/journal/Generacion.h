@@ -21,12 +21,12 @@ struct AvanceGeneracion {
 
 // What the run tells its caller at the end.
 struct ResultadoGeneracion {
-  bool corrio = false;      // false when nothing was checked, the log was refused or the
-                            // company's generation was taken by another run
-  QString candado;          // the lock another run holds, when that was why; empty otherwise
-  bool hubo = false;        // an entry was written (message 108), else 5508
-  int polizas = 0;          // entries written or redone in this run
-  QString bitacora;         // the log file used
+  bool corrio = false; // false when nothing was checked, the log was refused or the
+                       // company's generation was taken by another run
+  QString candado;     // the lock another run holds, when that was why; empty otherwise
+  bool hubo = false;   // an entry was written (message 108), else 5508
+  int polizas = 0;     // entries written or redone in this run
+  QString bitacora;    // the log file used
 };
 
 // The generation run: turns the documents of a period into journal entries by the

@@ -115,8 +115,9 @@ protected:
                                      "NOT EXISTS (SELECT 1 FROM tblPolizasRen r WHERE "
                                      "r.TIP_POLIZA=e.TIP_POLIZA AND r.FOL_POLIZA=e.FOL_POLIZA)"))
                     .isEmpty());
-    EXPECT_TRUE(Filas(QStringLiteral("SELECT TIP_POLIZA,FOL_POLIZA FROM tblPolizasRen GROUP BY "
-                                     "TIP_POLIZA,FOL_POLIZA HAVING ABS(SUM(IMP_DEBE)-SUM(IMP_HABER))>0.005"))
+    EXPECT_TRUE(Filas(QStringLiteral(
+                          "SELECT TIP_POLIZA,FOL_POLIZA FROM tblPolizasRen GROUP BY "
+                          "TIP_POLIZA,FOL_POLIZA HAVING ABS(SUM(IMP_DEBE)-SUM(IMP_HABER))>0.005"))
                     .isEmpty());
     EXPECT_TRUE(Filas(QStringLiteral("SELECT FOLIO_MOV,CONCEPTO,COD_OPER FROM tblMovimxPoliza "
                                      "GROUP BY FOLIO_MOV,CONCEPTO,COD_OPER HAVING COUNT(*)>1"))
