@@ -1,5 +1,5 @@
 #include "Apoyo.h"
-#include "cli/Comandos.h"
+#include "ApoyoCli.h"
 #include "shell/Sesion.h"
 
 #include <QTemporaryDir>
@@ -7,19 +7,9 @@
 
 namespace {
 
-struct Salida {
-  int codigo = -1;
-  QString out, err;
-};
+using Salida = SalidaCli;
 
-Salida Correr(const QStringList &args) {
-  Salida s;
-  QTextStream out(&s.out), err(&s.err);
-  s.codigo = cli::Ejecutar(args, QStringLiteral("/nada"), out, err);
-  out.flush();
-  err.flush();
-  return s;
-}
+SalidaCli Correr(const QStringList &args) { return CorrerCli(args); }
 
 class Cli : public testing::Test {
 protected:

@@ -1,5 +1,5 @@
 #include "Apoyo.h"
-#include "cli/Comandos.h"
+#include "ApoyoCli.h"
 #include "shell/Encriptacion.h"
 #include "shell/Rutas.h"
 #include "shell/ServicioUtil.h"
@@ -12,10 +12,7 @@
 
 namespace {
 
-struct Salida {
-  int codigo = -1;
-  QString out, err;
-};
+using Salida = SalidaCli;
 
 // A demo installation that each test breaks in one way; the command line must say what
 // is wrong in Spanish, end with its exit status and leave what it found as it was.
@@ -27,14 +24,7 @@ protected:
   }
   void TearDown() override { qunsetenv("ESCRIBANO_RUTA"); }
   Salida Correr(QStringList args) {
-    args.prepend(dir.path());
-    args.prepend(QStringLiteral("--ruta"));
-    Salida s;
-    QTextStream out(&s.out), err(&s.err);
-    s.codigo = cli::Ejecutar(args, QStringLiteral("/nada"), out, err);
-    out.flush();
-    err.flush();
-    return s;
+    return CorrerCli(QStringList{QStringLiteral("--ruta"), dir.path()} + args);
   }
   Salida Generar(QStringList extra = {}) {
     return Correr(QStringList{QStringLiteral("generar"), QStringLiteral("--usuario"),

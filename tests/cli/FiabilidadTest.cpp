@@ -3,6 +3,7 @@
 #include "db/EmpresaDemo.h"
 #include "journal/Arbol.h"
 #include "journal/Corrida.h"
+#include "journal/FixtureGeneracion.h"
 #include "journal/Generacion.h"
 #include "shell/Sesion.h"
 
@@ -127,12 +128,6 @@ protected:
   // The writes of the same run made here, counted by the recorder of statements.
   int ContarEscrituras() {
     emp->grabadora.sentencias.clear();
-    Corrida corrida;
-    corrida.Conexion = emp->Abrir();
-    CargarOperaciones(corrida);
-    ArbolOperaciones arbol;
-    arbol.CargarArbol(*corrida.Conexion);
-    arbol.MarcarTodo();
     OpcionesGeneracion op;
     op.Del = kDel;
     op.Al = kAl;
@@ -141,7 +136,7 @@ protected:
     op.Resumen = emp->Ruta() + QStringLiteral("/cuenta.txt");
     gCodUsu = QStringLiteral("ADMIN");
     gNumEmp = 1;
-    Generador(corrida, op).GenerarPolizas(arbol);
+    CorrerGeneracion(*emp, op);
     int escrituras = 0;
     for (const QString &s : emp->grabadora.sentencias)
       escrituras += s.startsWith(QStringLiteral("SELECT")) ? 0 : 1;

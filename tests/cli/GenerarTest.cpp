@@ -1,4 +1,5 @@
 #include "Apoyo.h"
+#include "ApoyoCli.h"
 #include "cli/ComandoGenerar.h"
 #include "cli/Comandos.h"
 #include "shell/Sesion.h"
@@ -9,10 +10,7 @@
 
 namespace {
 
-struct Salida {
-  int codigo = -1;
-  QString out, err;
-};
+using Salida = SalidaCli;
 
 // A demo installation in a temporary folder; messages go to the test's recorder.
 class CliGenerar : public testing::Test {
@@ -29,14 +27,7 @@ protected:
     qunsetenv("ESCRIBANO_RUTA");
   }
   Salida Correr(QStringList args) {
-    args.prepend(dir.path());
-    args.prepend(QStringLiteral("--ruta"));
-    Salida s;
-    QTextStream out(&s.out), err(&s.err);
-    s.codigo = cli::Ejecutar(args, QStringLiteral("/nada"), out, err);
-    out.flush();
-    err.flush();
-    return s;
+    return CorrerCli(QStringList{QStringLiteral("--ruta"), dir.path()} + args);
   }
   Salida Generar(const QString &usuario, const QString &clave, QStringList extra = {}) {
     QStringList a = {QStringLiteral("generar"),
