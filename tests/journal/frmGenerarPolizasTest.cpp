@@ -435,6 +435,28 @@ TEST_P(PantallaGeneracion, ARunByFTenPostsTheEntriesAndOffersTheLogAnsweringNo) 
             QStringLiteral("Regla 1 de 1: GASTOS RENTA DEL LOCAL   Documento 1 de 1"));
 }
 
+TEST_P(PantallaGeneracion, ARunWhileAnotherHoldsTheCompanySaysSoAndTheScreenStaysOpen) {
+  Gasto("G-1", d3(), "800");
+  // Another workstation is generating in the same company.
+  ConexionPtr otra = emp->Abrir();
+  QString candado;
+  const std::unique_ptr<Candado> tomado =
+      otra->TomarCandado(QStringLiteral("generacion"), &candado);
+  ASSERT_TRUE(tomado);
+  auto f = Abrir();
+  Octubre(*f);
+  ClicCasilla(*f, kGastos);
+  f->txtResumen->setText(emp->Ruta() + QStringLiteral("/octubre.bit"));
+  Tecla(*f, Qt::Key_F10);
+  ASSERT_EQ(emp->mensajes.mostrados.size(), 1u);
+  EXPECT_EQ(emp->mensajes.mostrados[0].texto, MensajeGeneracionEnCurso(candado));
+  EXPECT_EQ(emp->mensajes.mostrados[0].icono, IconoMensaje::Advertencia);
+  EXPECT_TRUE(Filas(kEnc).isEmpty());
+  EXPECT_FALSE(QFileInfo::exists(emp->Ruta() + QStringLiteral("/octubre.bit")));
+  EXPECT_TRUE(f->tlbCatalogo->isEnabled());
+  EXPECT_EQ(QApplication::focusWidget(), f->txtResumen);
+}
+
 TEST_P(PantallaGeneracion, AnsweringYesHandsTheLogToTheDesktop) {
   Gasto("G-1", d3(), "800");
   auto f = Abrir();
