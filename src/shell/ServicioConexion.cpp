@@ -310,29 +310,28 @@ QSqlDatabase &Conexion::Base() {
   return base_;
 }
 
-void Conexion::Transaccion(const char *sentencia) {
+void Conexion::Transaccion(Paso paso) {
   QSqlDatabase &db = Base();
-  const QString texto = QString::fromLatin1(sentencia);
-  bool ok = false;
+  // The embedded engine takes the write lock when the entry begins (IMMEDIATE), so a
+  // writer that comes later waits at the start rather than failing half way; the other
+  // engines go through their drivers' own transactions.
+  const QString texto = paso == Paso::Iniciar     ? QStringLiteral("BEGIN IMMEDIATE")
+                        : paso == Paso::Confirmar ? QStringLiteral("COMMIT")
+                                                  : QStringLiteral("ROLLBACK");
+  QSqlError error;
   if (guardaCompiladas_) {
-    // The embedded engine takes the write lock when the entry begins (IMMEDIATE), so a
-    // writer that comes later waits at the start rather than failing half way.
     QSqlQuery q(db);
-    ok = q.exec(texto == QStringLiteral("BEGIN") ? QStringLiteral("BEGIN IMMEDIATE") : texto);
+    if (!q.exec(texto))
+      error = q.lastError();
+  } else {
+    const bool ok = paso == Paso::Iniciar     ? db.transaction()
+                    : paso == Paso::Confirmar ? db.commit()
+                                              : db.rollback();
     if (!ok)
-      throw ErrorFatal(QStringLiteral("Error en la transacción: %1").arg(TextoError(q.lastError())),
-                       texto);
-    return;
+      error = db.lastError();
   }
-  if (texto == QStringLiteral("BEGIN"))
-    ok = db.transaction();
-  else if (texto == QStringLiteral("COMMIT"))
-    ok = db.commit();
-  else
-    ok = db.rollback();
-  if (!ok)
-    throw ErrorFatal(QStringLiteral("Error en la transacción: %1").arg(TextoError(db.lastError())),
-                     texto);
+  if (error.isValid())
+    throw ErrorFatal(QStringLiteral("Error en la transacción: %1").arg(TextoError(error)), texto);
 }
 
 std::unique_ptr<Candado> Conexion::TomarCandado(const QString &trabajo, QString *nombre) {
@@ -385,7 +384,7 @@ std::unique_ptr<Candado> Conexion::TomarCandado(const QString &trabajo, QString 
 void Conexion::IniciarTransaccion() {
   if (enTransaccion_)
     return;
-  Transaccion("BEGIN");
+  Transaccion(Paso::Iniciar);
   enTransaccion_ = true;
 }
 
@@ -393,14 +392,14 @@ void Conexion::ConfirmarTransaccion() {
   if (!enTransaccion_)
     return;
   enTransaccion_ = false;
-  Transaccion("COMMIT");
+  Transaccion(Paso::Confirmar);
 }
 
 void Conexion::DeshacerTransaccion() {
   if (!enTransaccion_)
     return;
   enTransaccion_ = false;
-  Transaccion("ROLLBACK");
+  Transaccion(Paso::Deshacer);
 }
 
 QSqlQuery Conexion::Preparar(const QString &sql) {

@@ -135,7 +135,8 @@ public:
 private:
   QSqlQuery Preparar(const QString &sql);
   QSqlDatabase &Base();
-  void Transaccion(const char *sentencia);
+  enum class Paso { Iniciar, Confirmar, Deshacer };
+  void Transaccion(Paso paso);
   // Runs a query that gives rows. On the embedded engine the compiled statement is kept
   // under its text and run again when the same text comes back: the query still goes to
   // the database every time, only its compilation is spared. The query holds the error

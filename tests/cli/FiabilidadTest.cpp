@@ -1,10 +1,7 @@
 #include "Apoyo.h"
 #include "db/DatosDemo.h"
 #include "db/EmpresaDemo.h"
-#include "journal/Arbol.h"
-#include "journal/Corrida.h"
 #include "journal/FixtureGeneracion.h"
-#include "journal/Generacion.h"
 #include "shell/Sesion.h"
 
 #include <QProcess>
