@@ -11,6 +11,7 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
+#include <memory>
 
 #include <sqlite3.h>
 
@@ -80,8 +81,23 @@ Repeticion Repetir(const Sentencias &sentencias) {
       ServicioConexion::AjustarSqlite(db);
     QElapsedTimer reloj;
     reloj.start();
+    const bool odbc = odbc::EsOdbc(db);
     for (qsizetype i = 0; i < sentencias.Cuenta(); ++i) {
       const QString sql = sentencias.Sentencia(i);
+      const qint64 filas = sentencias.HayFilas() ? sentencias.Filas(i) : -1;
+      if (odbc) {
+        // ODBC goes the way the program sends it: straight to the driver.
+        std::unique_ptr<odbc::Cursor> c = odbc::Cursor::Ejecutar(db, sql, nullptr);
+        if (!c) {
+          ++r.rechazadas;
+          continue;
+        }
+        const int columnas = static_cast<int>(c->Nombres().size());
+        for (qint64 leidas = 0; leidas != filas && c->DaFilas() && c->Siguiente(); ++leidas)
+          for (int col = 0; col < columnas; ++col)
+            c->Valor(col);
+        continue;
+      }
       QSqlQuery q(db);
       q.setForwardOnly(true);
       q.setNumericalPrecisionPolicy(QSql::HighPrecision);
@@ -92,7 +108,6 @@ Repeticion Repetir(const Sentencias &sentencias) {
       if (!q.isSelect())
         continue;
       const int columnas = q.record().count();
-      const qint64 filas = sentencias.HayFilas() ? sentencias.Filas(i) : -1;
       for (qint64 leidas = 0; leidas != filas && q.next(); ++leidas)
         for (int c = 0; c < columnas; ++c)
           q.value(c);

@@ -8,7 +8,7 @@ paquetes=(
   libgtest-dev libgmock-dev libsqlite3-dev
   unixodbc unixodbc-dev odbc-mariadb tdsodbc
   mariadb-server mariadb-client
-  xvfb xauth fonts-dejavu-core poppler-utils
+  xvfb xauth fonts-dejavu-core poppler-utils valgrind
 )
 
 faltan=()

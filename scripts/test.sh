@@ -22,7 +22,6 @@ if [ "$sanitizar" -eq 1 ]; then
   export UBSAN_OPTIONS="print_stacktrace=1:halt_on_error=1"
 fi
 "$raiz/scripts/compilar.sh"
-bash "$raiz/tests/reglas/comillas.sh" "$raiz"
 
 source "$raiz/scripts/mariadb.sh"
 trap detener_mariadb EXIT

@@ -114,7 +114,11 @@ public:
   CandadoServidor(QString nombre, QSqlDatabase base, QString soltar)
       : Candado(std::move(nombre)), base_(std::move(base)), soltar_(std::move(soltar)) {}
   ~CandadoServidor() override {
-    if (base_.isOpen()) {
+    if (!base_.isOpen())
+      return;
+    if (odbc::EsOdbc(base_)) {
+      odbc::Cursor::Ejecutar(base_, soltar_, nullptr);
+    } else {
       QSqlQuery q(base_);
       q.exec(soltar_);
     }
@@ -215,6 +219,13 @@ double Valor::Numero() const {
 
 // ---------------------------------------------------------------- Registros
 
+Registros::Registros(std::unique_ptr<odbc::Cursor> cursor, QString sentencia)
+    : c_(std::move(cursor)), sentencia_(std::move(sentencia)) {
+  nombres_ = c_->Nombres();
+  Siguiente();
+  vacio_ = fin_;
+}
+
 Registros::Registros(std::shared_ptr<QSqlQuery> consulta, QString sentencia)
     : q_(std::move(consulta)), sentencia_(std::move(sentencia)) {
   // Read at every run: a table built again under its name may bring other columns to a
@@ -234,7 +245,7 @@ Registros::~Registros() {
 }
 
 void Registros::Siguiente() {
-  if (q_->next()) {
+  if (c_ ? c_->Siguiente() : q_->next()) {
     fin_ = false;
     LeerFila();
   } else {
@@ -247,7 +258,7 @@ void Registros::LeerFila() {
   // Read in column order: some ODBC drivers hand a forward-only row out only that way.
   fila_.resize(nombres_.size());
   for (int i = 0; i < nombres_.size(); ++i)
-    fila_[i] = q_->value(i);
+    fila_[static_cast<std::size_t>(i)] = c_ ? c_->Valor(i) : q_->value(i);
 }
 
 bool Registros::TieneCampo(const QString &nombre) const {
@@ -306,6 +317,7 @@ QSqlDatabase &Conexion::Base() {
   if (!base_.isValid()) {
     base_ = QSqlDatabase::database(nombre_, false);
     guardaCompiladas_ = base_.driverName() == QStringLiteral("QSQLITE");
+    odbc_ = odbc::EsOdbc(base_);
   }
   return base_;
 }
@@ -346,7 +358,6 @@ std::unique_ptr<Candado> Conexion::TomarCandado(const QString &trabajo, QString 
       return nullptr;
     return candado;
   }
-  QSqlQuery q(db);
   QString sql;
   QString soltar;
   if (motor_ == motor::kSqlServer) {
@@ -367,15 +378,21 @@ std::unique_ptr<Candado> Conexion::TomarCandado(const QString &trabajo, QString 
     soltar =
         QStringLiteral("SELECT RELEASE_LOCK(CONCAT('escribano.%1.',DATABASE()));").arg(trabajo);
   }
-  if (!q.exec(sql) || !q.next())
-    throw ErrorFatal(QStringLiteral("No fue posible pedir el candado de %1 a la base de datos: %2")
-                         .arg(trabajo, TextoError(q.lastError())),
-                     sql);
-  const QString n = q.value(1).toString();
+  QString error;
+  QString n;
+  bool tomado = false;
+  {
+    const std::unique_ptr<Registros> r = AbrirSinGrabar(sql, &error);
+    if (!r || r->Vacio())
+      throw ErrorFatal(
+          QStringLiteral("No fue posible pedir el candado de %1 a la base de datos: %2")
+              .arg(trabajo, error),
+          sql);
+    n = r->Campo(QStringLiteral("NOMBRE")).Texto();
+    tomado = r->Campo(QStringLiteral("TOMADO")).Entero() == 1;
+  }
   if (nombre)
     *nombre = n;
-  const bool tomado = q.value(0).toInt() == 1;
-  q.finish();
   if (!tomado)
     return nullptr;
   return std::make_unique<CandadoServidor>(n, db, soltar);
@@ -402,9 +419,13 @@ void Conexion::DeshacerTransaccion() {
   Transaccion(Paso::Deshacer);
 }
 
-QSqlQuery Conexion::Preparar(const QString &sql) {
+void Conexion::Grabar(const QString &sql) const {
   if (gGrabadora)
     gGrabadora->sentencias << sql;
+}
+
+QSqlQuery Conexion::Preparar(const QString &sql) {
+  Grabar(sql);
   QSqlQuery q(Base());
   q.setForwardOnly(true);
   q.setNumericalPrecisionPolicy(QSql::HighPrecision);
@@ -412,16 +433,19 @@ QSqlQuery Conexion::Preparar(const QString &sql) {
 }
 
 int Conexion::Ejecutar(const QString &sql) {
-  Falla().AntesDeEscribir();
-  QSqlQuery q = Preparar(sql);
-  if (!q.exec(sql))
-    throw ErrorFatal(
-        QStringLiteral("Error al ejecutar la sentencia: %1").arg(TextoError(q.lastError())), sql);
-  return q.numRowsAffected();
+  int afectados = 0;
+  QString error;
+  if (!IntentarEjecutar(sql, &afectados, &error))
+    throw ErrorFatal(QStringLiteral("Error al ejecutar la sentencia: %1").arg(error), sql);
+  return afectados;
 }
 
 bool Conexion::IntentarEjecutar(const QString &sql, int *afectados, QString *error) {
   Falla().AntesDeEscribir();
+  if (Odbc()) {
+    Grabar(sql);
+    return odbc::Cursor::Ejecutar(base_, sql, error, afectados) != nullptr;
+  }
   QSqlQuery q = Preparar(sql);
   const bool ok = q.exec(sql);
   if (afectados)
@@ -458,14 +482,34 @@ std::shared_ptr<QSqlQuery> Conexion::Consultar(const QString &sql) {
 }
 
 Registros Conexion::Abrir(const QString &sql) {
-  std::shared_ptr<QSqlQuery> q = Consultar(sql);
-  if (!q->isActive())
-    throw ErrorFatal(
-        QStringLiteral("Error al leer la consulta: %1").arg(TextoError(q->lastError())), sql);
-  return Registros(std::move(q), sql);
+  QString error;
+  std::unique_ptr<Registros> r = IntentarAbrir(sql, &error);
+  if (!r)
+    throw ErrorFatal(QStringLiteral("Error al leer la consulta: %1").arg(error), sql);
+  return std::move(*r);
+}
+
+std::unique_ptr<Registros> Conexion::AbrirSinGrabar(const QString &sql, QString *error) {
+  if (Odbc()) {
+    std::unique_ptr<odbc::Cursor> c = odbc::Cursor::Ejecutar(base_, sql, error);
+    return c ? std::make_unique<Registros>(std::move(c), sql) : nullptr;
+  }
+  auto q = std::make_shared<QSqlQuery>(base_);
+  q->setForwardOnly(true);
+  q->setNumericalPrecisionPolicy(QSql::HighPrecision);
+  if (!q->exec(sql)) {
+    if (error)
+      *error = TextoError(q->lastError());
+    return nullptr;
+  }
+  return std::make_unique<Registros>(std::move(q), sql);
 }
 
 std::unique_ptr<Registros> Conexion::IntentarAbrir(const QString &sql, QString *error) {
+  if (Odbc()) {
+    Grabar(sql);
+    return AbrirSinGrabar(sql, error);
+  }
   std::shared_ptr<QSqlQuery> q = Consultar(sql);
   if (!q->isActive()) {
     if (error)
@@ -569,9 +613,10 @@ ConexionPtr ServicioConexion::Abrir(const DestinoConexion &destino, const QStrin
   if (destino.motor == motor::kMySql) {
     // A backslash is an ordinary character, as on the other engines: a value is quoted
     // only by doubling its apostrophes.
-    QSqlQuery q(db);
-    q.exec(QStringLiteral("SET SESSION sql_mode=CONCAT_WS(',',NULLIF(@@SESSION.sql_mode,''),"
-                          "'NO_BACKSLASH_ESCAPES')"));
+    odbc::Cursor::Ejecutar(db,
+                           QStringLiteral("SET SESSION sql_mode=CONCAT_WS(',',NULLIF(@@SESSION."
+                                          "sql_mode,''),'NO_BACKSLASH_ESCAPES')"),
+                           nullptr);
   }
   return con;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shell/Dinero.h"
+#include "shell/Odbc.h"
 
 #include <QDate>
 #include <QSqlDatabase>
@@ -41,8 +42,9 @@ private:
 // first row; EOF after the last one. Vacio() is BOF and EOF together.
 class Registros {
 public:
-  // Stands on a query that has run.
+  // Stands on a query that has run, through Qt or straight through ODBC.
   Registros(std::shared_ptr<QSqlQuery> consulta, QString sentencia);
+  Registros(std::unique_ptr<odbc::Cursor> cursor, QString sentencia);
   // A query that its connection keeps compiled is left finished: it holds no read open.
   ~Registros();
   Registros(Registros &&) noexcept = default;
@@ -63,6 +65,7 @@ public:
 private:
   void LeerFila();
   std::shared_ptr<QSqlQuery> q_;
+  std::unique_ptr<odbc::Cursor> c_;
   QString sentencia_;
   QStringList nombres_;
   std::vector<QVariant> fila_;
@@ -133,7 +136,15 @@ public:
   static void InstalarGrabadora(Grabadora *g);
 
 private:
+  void Grabar(const QString &sql) const;
   QSqlQuery Preparar(const QString &sql);
+  // True when the connection goes through ODBC: its statements go straight to the driver.
+  bool Odbc() {
+    Base();
+    return odbc_;
+  }
+  // A record set without the recorder: the connection's own questions (its lock).
+  std::unique_ptr<Registros> AbrirSinGrabar(const QString &sql, QString *error);
   QSqlDatabase &Base();
   enum class Paso { Iniciar, Confirmar, Deshacer };
   void Transaccion(Paso paso);
@@ -149,6 +160,7 @@ private:
   std::vector<Compilada> compiladas_; // the most recently used last
   bool guardaCompiladas_ = false;
   bool enTransaccion_ = false;
+  bool odbc_ = false;
   QString nombre_;
   int motor_;
   QString texto_;

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QVariant>
+#include <memory>
+#include <vector>
+
+class QSqlDatabase;
+
+// Statements sent straight to an ODBC connection that Qt opened. Qt 6.4 hands the driver
+// the length of a statement with its terminating NUL counted in; the MariaDB driver (3.1)
+// then reads past the copy it makes of the text, and now and then the heap is damaged.
+// Here the text goes as a terminated string, which that driver measures right, and the
+// rows come back through the same handle.
+namespace odbc {
+
+// A statement run on the connection: its result's columns and rows, read forward only.
+class Cursor {
+public:
+  ~Cursor();
+  Cursor(const Cursor &) = delete;
+  Cursor &operator=(const Cursor &) = delete;
+
+  // Runs the text; null on failure with the driver's words in *error. For a statement
+  // that gives no rows, *afectados takes the rows it touched.
+  static std::unique_ptr<Cursor> Ejecutar(const QSqlDatabase &base, const QString &sql,
+                                          QString *error, int *afectados = nullptr);
+
+  bool DaFilas() const { return !nombres_.isEmpty(); }
+  const QStringList &Nombres() const { return nombres_; }
+  // The next row; false after the last one. A failure to read is fatal.
+  bool Siguiente();
+  // A column of the row in hand, read in column order: Null, a number, a date or a text,
+  // as Qt's driver gives them.
+  QVariant Valor(int columna);
+
+private:
+  explicit Cursor(void *sentencia) : h_(sentencia) {}
+  void *h_;
+  QString sql_;
+  QStringList nombres_;
+  std::vector<short> tipos_;
+};
+
+// Whether a connection goes through ODBC, and so through here.
+bool EsOdbc(const QSqlDatabase &base);
+
+} // namespace odbc
