@@ -5,6 +5,8 @@
 #include <QLocale>
 #include <cstdlib>
 
+#include <limits>
+
 namespace {
 
 // Divides by a power of ten, rounding half to even.
@@ -26,6 +28,11 @@ std::int64_t DividirLejosDeCero(std::int64_t v, std::int64_t divisor) {
   return q;
 }
 
+} // namespace
+
+namespace {
+// The most whole pesos that ten-thousandths in 64 bits can hold.
+constexpr std::int64_t kMaxPesos = std::numeric_limits<std::int64_t>::max() / 10000;
 } // namespace
 
 Dinero Dinero::DeTexto(QStringView texto, bool *ok) {
@@ -61,6 +68,11 @@ Dinero Dinero::DeTexto(QStringView texto, bool *ok) {
     int d = c.digitValue();
     if (!punto) {
       enteros = enteros * 10 + d;
+      if (enteros > kMaxPesos) { // beyond what ten-thousandths in 64 bits can hold
+        if (ok)
+          *ok = false;
+        return {};
+      }
     } else if (decimales < 4) {
       fraccion = fraccion * 10 + d;
       ++decimales;
@@ -77,9 +89,14 @@ Dinero Dinero::DeTexto(QStringView texto, bool *ok) {
   }
   for (int i = decimales; i < 4; ++i)
     fraccion *= 10;
-  std::int64_t v = enteros * 10000 + fraccion;
-  if (masAlla > 5 || (masAlla == 5 && (restoNoCero || (v % 2 != 0))))
-    ++v;
+  std::int64_t v = enteros * 10000;
+  const bool sube = masAlla > 5 || (masAlla == 5 && (restoNoCero || (fraccion % 2 != 0)));
+  if (v > std::numeric_limits<std::int64_t>::max() - fraccion - (sube ? 1 : 0)) {
+    if (ok)
+      *ok = false;
+    return {};
+  }
+  v += fraccion + (sube ? 1 : 0);
   if (ok)
     *ok = true;
   return DeDiezmilesimos(negativo ? -v : v);

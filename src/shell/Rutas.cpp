@@ -67,8 +67,9 @@ void AnexarWindows1252(QByteArray &bytes, QStringView texto) {
       *destino++ = static_cast<char>(u);
       continue;
     }
-    char byte = '?';
-    for (std::size_t i = 0; i < kAltos.size(); ++i) {
+    // The five bytes the code page leaves undefined come back as they were read.
+    char byte = (u < 0xA0 && kAltos[u - 0x80] == 0) ? static_cast<char>(u) : '?';
+    for (std::size_t i = 0; byte == '?' && i < kAltos.size(); ++i) {
       if (kAltos[i] != 0 && kAltos[i] == u) {
         byte = static_cast<char>(0x80 + i);
         break;

@@ -222,8 +222,11 @@ double Val(const QString &texto) {
 }
 
 QString Escapar(const QString &valor) {
-  if (!valor.contains(QLatin1Char('\'')))
+  if (!valor.contains(QLatin1Char('\'')) && !valor.contains(QChar(0)))
     return valor;
   QString doble = valor;
+  // A NUL ends the text of a statement for every engine's driver, and no text column
+  // keeps one: it is dropped.
+  doble.remove(QChar(0));
   return doble.replace(QLatin1Char('\''), QStringLiteral("''"));
 }

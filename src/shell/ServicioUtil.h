@@ -34,7 +34,7 @@ public:
 };
 
 // A text value as it goes between the apostrophes of a statement: each apostrophe
-// doubled, nothing else touched. Every value a statement quotes goes through here, so a
+// doubled, any NUL dropped, nothing else touched. Every value a statement quotes goes through here, so a
 // concept named "D'ANGELO" is stored as it reads, and a value without an apostrophe
 // leaves the statement as it always was.
 QString Escapar(const QString &valor);
