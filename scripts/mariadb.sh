@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # A private MariaDB server for the tests: its own data folder, a loopback port, an
 # ODBC data source in a private odbc.ini. Source this file; it exports
-# ESCRIBANO_PRUEBA_DSN and ODBCINI, and `detener_mariadb` stops the server.
+# ESCRIBANO_PRUEBA_DSN and ODBCINI, and `detener_mariadb` stops the server. The odbc.ini
+# also names escribano_fallas, the throwaway server of the fault tests, on
+# ESCRIBANO_PRUEBA_FALLAS_PUERTO.
 set -euo pipefail
 
 MARIADB_DIR="$(mktemp -d /tmp/escribano-mariadb.XXXXXX)"
@@ -46,7 +48,17 @@ Port=$MARIADB_PUERTO
 Database=escribano_prueba
 User=escribano
 Password=escribano
+
+[escribano_fallas]
+Driver=${driver:-MariaDB Unicode}
+Server=127.0.0.1
+Port=$((MARIADB_PUERTO + 1000))
+Database=escribano_fallas
+User=escribano
+Password=escribano
 INI
 export ODBCINI="$MARIADB_DIR/odbc.ini"
+# A second server, started and killed by the tests themselves (scripts/mariadb_fallas.sh).
+export ESCRIBANO_PRUEBA_FALLAS_PUERTO=$((MARIADB_PUERTO + 1000))
 export ESCRIBANO_PRUEBA_DSN=escribano_prueba
 set +e +u +o pipefail
