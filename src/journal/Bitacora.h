@@ -1,6 +1,7 @@
 #pragma once
 
 #include "journal/OpcionesGeneracion.h"
+#include "shell/FinOrdenado.h"
 
 #include <QFile>
 #include <QString>
@@ -16,8 +17,15 @@ struct ConceptoRegla;
 // What the user is told when the log can't be written.
 QString MensajeBitacoraNoEscrita(const QString &ruta, const QString &error);
 
-class Bitacora {
+class Bitacora : public Cerrable {
 public:
+  Bitacora() = default;
+  // At a fatal end the lines written so far reach the file, and it is closed.
+  void CerrarAlTerminar(Fase fase) noexcept override {
+    if (fase == Fase::Archivos)
+      CerrarBitacora();
+  }
+
   // gRutaApp + "\TEMP\ResumenPol" + company + "_" + DDMMYYYY of the defined date + ".txt".
   static QString NombreBitacora(int numEmp, const QDate &fechaDefinida);
   // Whether the run may use the file: a name is needed (message 5512), and an existing

@@ -149,13 +149,32 @@ QString Dinero::Formato(QStringView mascara) const {
 }
 
 Dinero Dinero::operator*(Dinero o) const {
-  __int128 p = static_cast<__int128>(v_) * o.v_;
-  __int128 q = p / 10000;
-  __int128 r = p % 10000;
-  __int128 doble = 2 * (r < 0 ? -r : r);
-  if (doble > 10000 || (doble == 10000 && (q % 2 != 0)))
-    q += (p < 0) ? -1 : 1;
-  return DeDiezmilesimos(static_cast<std::int64_t>(q));
+  // The product of two amounts needs 128 bits before it is brought back to four decimals:
+  // it is taken in four 32-bit pieces and divided by 10000 piece by piece, with plain
+  // 64-bit arithmetic that every compiler has.
+  const bool negativo = (v_ < 0) != (o.v_ < 0);
+  const std::uint64_t a =
+      v_ < 0 ? 0 - static_cast<std::uint64_t>(v_) : static_cast<std::uint64_t>(v_);
+  const std::uint64_t b =
+      o.v_ < 0 ? 0 - static_cast<std::uint64_t>(o.v_) : static_cast<std::uint64_t>(o.v_);
+  const std::uint64_t a0 = a & 0xFFFFFFFFu, a1 = a >> 32, b0 = b & 0xFFFFFFFFu, b1 = b >> 32;
+  const std::uint64_t p00 = a0 * b0, p01 = a0 * b1, p10 = a1 * b0, p11 = a1 * b1;
+  const std::uint64_t medio = (p00 >> 32) + (p01 & 0xFFFFFFFFu) + (p10 & 0xFFFFFFFFu);
+  const std::uint64_t bajo = (medio << 32) | (p00 & 0xFFFFFFFFu);
+  const std::uint64_t alto = p11 + (p01 >> 32) + (p10 >> 32) + (medio >> 32);
+  const std::uint32_t piezas[4] = {
+      static_cast<std::uint32_t>(alto >> 32), static_cast<std::uint32_t>(alto),
+      static_cast<std::uint32_t>(bajo >> 32), static_cast<std::uint32_t>(bajo)};
+  std::uint64_t resto = 0;
+  std::uint64_t cociente = 0; // the low 64 bits of the quotient: all that an amount holds
+  for (std::uint32_t pieza : piezas) {
+    const std::uint64_t actual = (resto << 32) | pieza;
+    cociente = (cociente << 32) | (actual / 10000);
+    resto = actual % 10000;
+  }
+  if (2 * resto > 10000 || (2 * resto == 10000 && (cociente % 2 != 0)))
+    ++cociente;
+  return DeDiezmilesimos(static_cast<std::int64_t>(negativo ? 0 - cociente : cociente));
 }
 
 Dinero Round2(Dinero d) {

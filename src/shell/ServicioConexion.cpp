@@ -313,6 +313,17 @@ Conexion::~Conexion() {
 
 void Conexion::InstalarGrabadora(Grabadora *g) { gGrabadora = g; }
 
+void Conexion::CerrarAlTerminar(Fase fase) noexcept {
+  try {
+    if (fase == Fase::Transacciones)
+      DeshacerTransaccion();
+  } catch (const ErrorFatal &) {
+    enTransaccion_ = false; // the engine undoes what was never confirmed
+  }
+  if (fase == Fase::Conexiones && base_.isValid() && base_.isOpen())
+    base_.close();
+}
+
 QSqlDatabase &Conexion::Base() {
   if (!base_.isValid()) {
     base_ = QSqlDatabase::database(nombre_, false);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "shell/Dinero.h"
+#include "shell/FinOrdenado.h"
 #include "shell/Odbc.h"
 
 #include <QDate>
@@ -98,7 +99,7 @@ struct Grabadora {
 };
 
 // A connection to one database, private to the routine or screen that opened it.
-class Conexion {
+class Conexion : public Cerrable {
 public:
   Conexion(QString nombreQt, int motor, QString texto);
   ~Conexion();
@@ -127,6 +128,8 @@ public:
   void ConfirmarTransaccion();
   void DeshacerTransaccion();
   bool EnTransaccion() const { return enTransaccion_; }
+  // At a fatal end: the entry in work undone, then the connection closed.
+  void CerrarAlTerminar(Fase fase) noexcept override;
 
   // Takes the lock of a kind of work (for instance "generacion") on this company without
   // waiting: null when another connection holds it, with its name in *nombre.

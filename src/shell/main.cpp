@@ -2,6 +2,7 @@
 #include "journal/frmGenerarPolizas.h"
 #include "shell/CatalogoMensajes.h"
 #include "shell/ErrorFatal.h"
+#include "shell/FinOrdenado.h"
 #include "shell/PantallaDialogo.h"
 #include "shell/Pantallas.h"
 #include "shell/Sesion.h"
@@ -16,12 +17,13 @@ namespace {
 
 constexpr int kSalidaFatal = 2;
 
-// A failure that ends the process: shown with the statement that failed, and the
-// process ends at once. What was written stays written.
+// A failure that ends the process: shown with the statement that failed; then the entry
+// in work is undone, the log and files are closed, the connections too, and the process
+// ends. What was confirmed before stays written.
 [[noreturn]] void Terminar(const ErrorFatal &error) {
   CatalogoMensajes::Caja(error.TextoCompleto(), CatalogoMensajes::Texto(100),
                          IconoMensaje::Critico);
-  std::_Exit(kSalidaFatal);
+  TerminarProceso(kSalidaFatal);
 }
 
 // The screens that the menu items show.
