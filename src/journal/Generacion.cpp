@@ -180,15 +180,7 @@ bool Generador::PostearPorDocumento(int n) {
       }
       if (!op_.Actualizar)
         continue;
-      c_.FechaAnterior = doc.FECHA_CONTAB;
-      folio = doc.FOLIO_POLIZA;
-      c_.ImporteAntDebe = Round2(doc.SUMADEBE_ANT);
-      c_.ImporteAntHaber = Round2(doc.SUMAHABER_ANT);
-      // The entry's writes begin with its old lines going: GrabarPoliza confirms them all.
-      c_.Conexion->IniciarTransaccion();
-      c_.Conexion->Ejecutar(
-          QStringLiteral("DELETE FROM tblPolizasRen WHERE FOL_POLIZA='%1' AND TIP_POLIZA='%2';")
-              .arg(Escapar(folio), Escapar(regla.TipPoliza)));
+      folio = RehacerPoliza(doc);
       bitacora_.EscribirLinea(regla.TipPoliza + folio +
                               QStringLiteral(" ya estaba contabilizada. Se actualizó"));
     }
@@ -246,14 +238,7 @@ bool Generador::PostearPorDia(int n) {
       if (!doc.ESTA_CONTAB) {
         publicar = true;
       } else if (doc.FRECU_CONTAB == frec::kPorDia && op_.Actualizar) {
-        c_.FechaAnterior = doc.FECHA_CONTAB;
-        folio = doc.FOLIO_POLIZA;
-        c_.ImporteAntDebe = Round2(doc.SUMADEBE_ANT);
-        c_.ImporteAntHaber = Round2(doc.SUMAHABER_ANT);
-        c_.Conexion->IniciarTransaccion();
-        c_.Conexion->Ejecutar(
-            QStringLiteral("DELETE FROM tblPolizasRen WHERE FOL_POLIZA='%1' AND TIP_POLIZA='%2';")
-                .arg(Escapar(folio), Escapar(regla.TipPoliza)));
+        folio = RehacerPoliza(doc);
         bitacora_.EscribirLinea(folio + QStringLiteral(" ya estaba contabilizada. Se actualizó"));
         publicar = true;
       } else if (doc.FRECU_CONTAB == frec::kPorDia) {
@@ -308,6 +293,19 @@ bool Generador::PostearPorDia(int n) {
 }
 
 // ------------------------------------------------------------------ persistence
+
+QString Generador::RehacerPoliza(const Documento &doc) {
+  c_.FechaAnterior = doc.FECHA_CONTAB;
+  c_.ImporteAntDebe = Round2(doc.SUMADEBE_ANT);
+  c_.ImporteAntHaber = Round2(doc.SUMAHABER_ANT);
+  // The entry's writes begin with its old lines going; GrabarPoliza, or the end of the
+  // day, confirms them with the rest.
+  c_.Conexion->IniciarTransaccion();
+  c_.Conexion->Ejecutar(
+      QStringLiteral("DELETE FROM tblPolizasRen WHERE FOL_POLIZA='%1' AND TIP_POLIZA='%2';")
+          .arg(Escapar(doc.FOLIO_POLIZA), Escapar(c_.Concepto().TipPoliza)));
+  return doc.FOLIO_POLIZA;
+}
 
 QString Generador::SiguienteFolio(int concepto) {
   const QString tipo = c_.Conceptos[static_cast<std::size_t>(concepto)].TipPoliza;

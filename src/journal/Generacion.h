@@ -8,6 +8,7 @@
 #include <functional>
 
 struct Corrida;
+struct Documento;
 class ArbolOperaciones;
 
 // How far a run has got: the rule in work of how many, and documents done of it.
@@ -49,6 +50,9 @@ public:
   bool PostearPorDocumento(int n);
   bool PostearPorDia(int n);
 
+  // A posted entry is taken up again: its earlier date and amounts carried, its old lines
+  // deleted as the first write of the entry in work. Gives its folio.
+  QString RehacerPoliza(const Documento &doc);
   // The next folio of the rule's journal type; empty when the type has no row.
   QString SiguienteFolio(int concepto);
   // Header, then lines, log row and, by document, record and log of the entry. The

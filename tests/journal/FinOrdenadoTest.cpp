@@ -25,11 +25,8 @@ TEST_P(Generacion, AFatalEndUndoesTheEntryInWorkAndLeavesTheLogAtTheLastEntryWri
   Gasto("G-1", d3(), "100");
   Gasto("G-2", d10(), "200");
   Corrida corrida;
-  corrida.Conexion = emp->Abrir();
-  CargarOperaciones(corrida);
   ArbolOperaciones arbol;
-  arbol.CargarArbol(*corrida.Conexion);
-  arbol.MarcarTodo();
+  CargarCorrida(*emp, corrida, arbol);
   try {
     Generador(corrida, opciones).GenerarPolizas(arbol);
     FAIL() << "the run did not fail";

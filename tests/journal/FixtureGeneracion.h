@@ -13,15 +13,21 @@
 #include <QDir>
 #include <gtest/gtest.h>
 
+// The run's state as the screen loads it: its connection, the operations, and the tree
+// with every operation checked.
+inline void CargarCorrida(const EmpresaPrueba &emp, Corrida &corrida, ArbolOperaciones &arbol) {
+  corrida.Conexion = emp.Abrir();
+  CargarOperaciones(corrida);
+  arbol.CargarArbol(*corrida.Conexion);
+  arbol.MarcarTodo();
+}
+
 // A whole run over every operation of the tree, as the screen runs it with all checked.
 inline ResultadoGeneracion CorrerGeneracion(const EmpresaPrueba &emp,
                                             const OpcionesGeneracion &opciones) {
   Corrida corrida;
-  corrida.Conexion = emp.Abrir();
-  CargarOperaciones(corrida);
   ArbolOperaciones arbol;
-  arbol.CargarArbol(*corrida.Conexion);
-  arbol.MarcarTodo();
+  CargarCorrida(emp, corrida, arbol);
   Generador g(corrida, opciones);
   return g.GenerarPolizas(arbol);
 }

@@ -409,11 +409,8 @@ TEST_P(Generacion, AnsweringNoToAnExistingLogStopsTheRun) {
 TEST_P(Generacion, RowsThatVanishBeforeTheRunGiveEntriesWithoutLines) {
   Gasto("G-1", d3(), "100");
   Corrida corrida;
-  corrida.Conexion = emp->Abrir();
-  CargarOperaciones(corrida);
   ArbolOperaciones arbol;
-  arbol.CargarArbol(*corrida.Conexion);
-  arbol.MarcarTodo();
+  CargarCorrida(*emp, corrida, arbol);
   Ejecutar("DELETE FROM tblRubrosxOperacion");
   Generador g(corrida, opciones);
   EXPECT_TRUE(g.GenerarPolizas(arbol).hubo);
