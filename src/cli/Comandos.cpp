@@ -137,8 +137,7 @@ SesionCli AbrirEmpresa(const QStringList &opciones) {
         ServicioUtil::LeerIni(QStringLiteral("VARIOS"), QStringLiteral("EMPRESA"), RutaNimbarIni());
   gNumEmp = static_cast<int>(Val(empresa));
   // Without a company named, or with one that is gone, the first of the list is taken.
-  const QString lista = QStringLiteral(
-      "SELECT NUM_EMP FROM tblEmpresas WHERE CONEXION<>'' AND MOTORDEDATOS<>2 ORDER BY NUM_EMP;");
+  const QString lista = SentenciaEmpresas(QStringLiteral("NUM_EMP"));
   if (Opcion(opciones, QStringLiteral("--empresa")).isEmpty()) {
     Registros r = sesion.general->Abrir(lista);
     bool hallada = false;

@@ -67,17 +67,10 @@ frmGenerarArchivo::frmGenerarArchivo(QWidget *padre) : QDialog(padre), cdgArchiv
   capaFiltros->addWidget(cmbConceptos, 2, 1);
   capaFiltros->setColumnStretch(1, 1);
 
-  prgAvance = new QProgressBar(this);
-  prgAvance->setObjectName(QStringLiteral("prgAvance"));
+  const Avance avance = CrearAvance(this);
+  prgAvance = avance.barra;
+  lblAvance = avance.etiqueta;
   prgAvance->setRange(0, 0); // the number of lines is known only at the end
-  lblAvance = new QLabel(this);
-  lblAvance->setObjectName(QStringLiteral("lblAvance"));
-  for (QWidget *w : {static_cast<QWidget *>(prgAvance), static_cast<QWidget *>(lblAvance)}) {
-    QSizePolicy politica = w->sizePolicy();
-    politica.setRetainSizeWhenHidden(true);
-    w->setSizePolicy(politica);
-    w->hide();
-  }
 
   auto *raiz = new QVBoxLayout(this);
   raiz->setMenuBar(tlbCatalogo);

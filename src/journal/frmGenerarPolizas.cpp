@@ -98,16 +98,9 @@ frmGenerarPolizas::frmGenerarPolizas(QWidget *padre) : QDialog(padre), cdgBuscar
   capaResumen->addWidget(txtResumen, 1);
   capaResumen->addWidget(cmdBusca);
 
-  prgAvance = new QProgressBar(this);
-  prgAvance->setObjectName(QStringLiteral("prgAvance"));
-  lblAvance = new QLabel(this);
-  lblAvance->setObjectName(QStringLiteral("lblAvance"));
-  for (QWidget *w : {static_cast<QWidget *>(prgAvance), static_cast<QWidget *>(lblAvance)}) {
-    QSizePolicy politica = w->sizePolicy();
-    politica.setRetainSizeWhenHidden(true);
-    w->setSizePolicy(politica);
-    w->hide();
-  }
+  const Avance avance = CrearAvance(this);
+  prgAvance = avance.barra;
+  lblAvance = avance.etiqueta;
 
   auto *opciones = new QVBoxLayout;
   opciones->addWidget(grpPeriodo);

@@ -103,3 +103,10 @@ void MigrarClaves(Conexion &conexionEmpresa, const QString &codUsu) {
               .arg(Escapar(Encriptar(p2)), Escapar(cod)));
   }
 }
+
+QString SentenciaEmpresas(const QString &columnas, const QString &fin) {
+  return QStringLiteral("SELECT ") + columnas +
+         QStringLiteral(
+             " FROM tblEmpresas WHERE CONEXION<>'' AND MOTORDEDATOS<>2 ORDER BY NUM_EMP") +
+         fin;
+}

@@ -22,3 +22,8 @@ ResultadoEntrada AceptarEntrada(Conexion &conexionGeneral, Conexion &conexionEmp
 
 // Scrambles the plain passwords (10 characters or fewer) of every other user.
 void MigrarClaves(Conexion &conexionEmpresa, const QString &codUsu);
+
+// The companies this system serves, from the general database: every list of them keeps
+// out the rows without a connection and those of engine 2, in the order of their number.
+// `columnas` and the statement's end (";" or nothing) are each place's own.
+QString SentenciaEmpresas(const QString &columnas, const QString &fin = QStringLiteral(";"));

@@ -8,6 +8,8 @@
 #include <QDesktopServices>
 #include <QDialog>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QProgressBar>
 #include <QUrl>
 #include <QWidget>
 
@@ -108,3 +110,16 @@ void AbrirDireccion(const QUrl &direccion) {
 }
 
 void InstalarAbridor(std::function<void(const QUrl &)> abridor) { gAbridor = std::move(abridor); }
+
+Avance CrearAvance(QWidget *padre) {
+  Avance a{new QProgressBar(padre), new QLabel(padre)};
+  a.barra->setObjectName(QStringLiteral("prgAvance"));
+  a.etiqueta->setObjectName(QStringLiteral("lblAvance"));
+  for (QWidget *w : {static_cast<QWidget *>(a.barra), static_cast<QWidget *>(a.etiqueta)}) {
+    QSizePolicy politica = w->sizePolicy();
+    politica.setRetainSizeWhenHidden(true);
+    w->setSizePolicy(politica);
+    w->hide();
+  }
+  return a;
+}

@@ -6,6 +6,8 @@
 #include <functional>
 
 class QDateEdit;
+class QLabel;
+class QProgressBar;
 class QDialog;
 class QKeyEvent;
 class QUrl;
@@ -22,6 +24,14 @@ void PrepararVentana(QDialog *ventana, const QString &nombre, const QString &tit
 
 // A date field of the family: today's date, "dd/MM/yyyy", with its calendar.
 QDateEdit *CampoFecha(QWidget *padre, const QString &nombre);
+
+// The progress of a long task: a label (lblAvance) over a bar (prgAvance), hidden until the
+// task shows them, and keeping their room while hidden so the screen doesn't move.
+struct Avance {
+  QProgressBar *barra;
+  QLabel *etiqueta;
+};
+Avance CrearAvance(QWidget *padre);
 
 // Lets a window see every key typed in any of its controls before the control does, as
 // a form with its key preview on. The handler gets the control that the key was typed

@@ -27,9 +27,7 @@
 
 namespace {
 
-const QString kListaEmpresas = QStringLiteral(
-    "SELECT NUM_EMP,NOM_EMP FROM tblEmpresas WHERE CONEXION<>'' AND MOTORDEDATOS<>2 ORDER BY "
-    "NUM_EMP");
+const QString kListaEmpresas = SentenciaEmpresas(QStringLiteral("NUM_EMP,NOM_EMP"), QString());
 
 // Positions on the screen are told in twips, 1440 to the inch.
 int Twips(const QWidget *w, int twips) { return twips * w->logicalDpiX() / 1440; }
@@ -173,9 +171,7 @@ bool frmEntrada::Cargar() {
 // program can't go on.
 bool frmEntrada::LeerEmpresas() {
   {
-    Registros r = conexionGeneral_->Abrir(
-        QStringLiteral("SELECT * FROM tblEmpresas WHERE CONEXION<>'' AND MOTORDEDATOS<>2 ORDER "
-                       "BY NUM_EMP;"));
+    Registros r = conexionGeneral_->Abrir(SentenciaEmpresas(QStringLiteral("*")));
     if (!r.Vacio()) {
       // The filter leaves only rows with a connection: the first one gives it.
       conexionActual_ = r.Campo(QStringLiteral("CONEXION")).Texto();
@@ -192,8 +188,7 @@ bool frmEntrada::LeerEmpresas() {
   EscribirReportIni("TemplateDir", UnirRuta(gRutaApp, QStringLiteral("Plantillas")));
   // The list is read again: a company may have been created meanwhile.
   LlenarEmpresas(*conexionGeneral_);
-  Registros r = conexionGeneral_->Abrir(QStringLiteral(
-      "SELECT NUM_EMP FROM tblEmpresas WHERE CONEXION<>'' AND MOTORDEDATOS<>2 ORDER BY NUM_EMP;"));
+  Registros r = conexionGeneral_->Abrir(SentenciaEmpresas(QStringLiteral("NUM_EMP")));
   if (!r.Vacio())
     return true;
   CatalogoMensajes::Mostrar(302, {}, IconoMensaje::Critico);
