@@ -805,7 +805,7 @@ void LlenarConceptos(Conexion &con) {
 }
 
 void InsertarArticulo(Conexion &con, const Articulo &a) {
-  const QString alta = ServicioUtil::FechaSQL(QDate(2025, 1, 6), con.Motor());
+  const QString alta = con.Dialecto().FechaSQL(QDate(2025, 1, 6));
   Dinero impuesto;
   if (a.imp1 == kIva)
     impuesto += Round2(a.precio * kTasaIva);
@@ -846,7 +846,7 @@ void LlenarArticulos(Conexion &con) {
     for (const Articulo &a : catalogo)
       InsertarArticulo(con, a);
 
-  const QString nunca = ServicioUtil::FechaSQL(QDate(1800, 1, 1), con.Motor());
+  const QString nunca = con.Dialecto().FechaSQL(QDate(1800, 1, 1));
   const char *columnas = "COD_ALM,DES_ALM,COD_TIP,COD_SUCU,SIN_EXIST,PROT_MAX,AP_ALM,"
                          "INV_CICLICO,DIA_CICLICO,CANT_CICLICO,PORC_SINMOV,ULTIMO_CICLICO";
   Insertar(con, "tblCatAlmacenes", columnas,
@@ -929,9 +929,7 @@ public:
   }
 
 private:
-  QString Fecha(int dia) const {
-    return ServicioUtil::FechaSQL(primero_.addDays(dia - 1), con_.Motor());
-  }
+  QString Fecha(int dia) const { return con_.Dialecto().FechaSQL(primero_.addDays(dia - 1)); }
   // "NV2610-0001": series, year and month, number.
   QString Folio(const char *serie, int n) const {
     return QLatin1String(serie) + serie_ + QStringLiteral("%1").arg(n, 4, 10, QLatin1Char('0'));

@@ -1,24 +1,14 @@
 #pragma once
 
+#include "shell/Dialecto.h"
+
 #include <vector>
 
 // The tables that the family's databases carry, as far as this program and the
 // statements it sends name them. The builder turns them into DDL per engine.
 namespace esquema {
 
-enum class Tipo {
-  Texto,     // VARCHAR(largo)
-  Memo,      // long text
-  Entero,    // whole number (INT)
-  Largo,     // 64-bit whole number
-  Logico,    // flag stored as 1 / -1 / 0
-  Dinero,    // money, four decimals
-  Decimal,   // other amounts or rates, four decimals
-  Fecha,     // date
-  FechaHora, // date and time
-  Hora,      // time of day
-  Contador,  // grows with each insertion (identity / auto increment)
-};
+using Tipo = TipoDato;
 
 struct Columna {
   const char *nombre;

@@ -242,8 +242,7 @@ ResultadoArchivo GenerarArchivo(Conexion &con, FormatoArchivo &f, const DatosGen
                      "tblPolizasEnc.FOL_POLIZA = tblPolizasRen.FOL_POLIZA WHERE FEC_POLIZA "
                      "BETWEEN %1 AND %2%3 ORDER BY tblPolizasEnc.TIP_POLIZA, COD_OPER, "
                      "tblPolizasRen.FOL_POLIZA")
-          .arg(ServicioUtil::FechaSQL(d.fechaIni, con.Motor()),
-               ServicioUtil::FechaSQL(d.fechaFin, con.Motor()), filtros));
+          .arg(con.Dialecto().FechaSQL(d.fechaIni), con.Dialecto().FechaSQL(d.fechaFin), filtros));
 
   // Lines go to the file in blocks, each block in one write: a write for every line costs
   // more than building the line. The count is of lines that reached the file, and a line

@@ -255,9 +255,9 @@ void LeerDocumentos(Corrida &corrida) {
   const bool sinAnd = (regla.CodOper >= 12 && regla.CodOper <= 18) || regla.CodOper == 23;
   sql += sinAnd ? u" AND ("_s : u" ("_s;
   sql += enc + u"."_s + fecha + u" BETWEEN "_s +
-         ServicioUtil::FechaSQL(corrida.FechaInicial, gMotor) + u" AND "_s +
-         ServicioUtil::FechaSQL(corrida.FechaFinal, gMotor) + u") ORDER BY "_s + enc + u"."_s +
-         fecha + u","_s + enc + u"."_s + clave + u";"_s;
+         corrida.Conexion->Dialecto().FechaSQL(corrida.FechaInicial) + u" AND "_s +
+         corrida.Conexion->Dialecto().FechaSQL(corrida.FechaFinal) + u") ORDER BY "_s + enc +
+         u"."_s + fecha + u","_s + enc + u"."_s + clave + u";"_s;
   op.FiltroConcepto = filtro;
 
   Registros r = corrida.Conexion->Abrir(sql);

@@ -46,7 +46,7 @@ int FolioComoNumero(const QString &folio) {
 Generador::Generador(Corrida &corrida, const OpcionesGeneracion &opciones)
     : c_(corrida), op_(opciones) {}
 
-QString Generador::Fecha(const QDateTime &f) const { return ServicioUtil::FechaSQL(f, gMotor); }
+QString Generador::Fecha(const QDateTime &f) const { return c_.Conexion->Dialecto().FechaSQL(f); }
 
 void Generador::Avisar(int documento) {
   if (!avance)
@@ -361,7 +361,7 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
         p.FOL_POLIZA = folio;
         p.CONCEP_POL = regla.DesConcepto.trimmed();
         p.ESTATUS = 1;
-        const QString sql = SentenciaInsertarPoliza(p, gMotor);
+        const QString sql = SentenciaInsertarPoliza(p, con.Dialecto());
         if (!con.IntentarEjecutar(sql, &afectados) && ++fallas >= kFallasInsercion)
           throw ErrorFatal(QStringLiteral("La póliza %1%2 no pudo insertarse después de %3 "
                                           "intentos; el consecutivo de folios no se tocó.")
@@ -394,8 +394,8 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
       con.Ejecutar(QStringLiteral("UPDATE tblPolizasEnc SET FEC_POLIZA=%1,FEC_ANTERIOR=%2,"
                                   "IMPANT_DEBE=%3,IMPANT_HABER=%4,SUM_DEBE=%5,SUM_HABER=%6 WHERE "
                                   "FOL_POLIZA='%7' AND TIP_POLIZA='%8';")
-                       .arg(ServicioUtil::FechaSQL(p.FEC_POLIZA, gMotor),
-                            ServicioUtil::FechaSQL(p.FEC_ANTERIOR, gMotor), p.IMPANT_DEBE.Texto(),
+                       .arg(con.Dialecto().FechaSQL(p.FEC_POLIZA),
+                            con.Dialecto().FechaSQL(p.FEC_ANTERIOR), p.IMPANT_DEBE.Texto(),
                             p.IMPANT_HABER.Texto(), p.SUM_DEBE.Texto(), p.SUM_HABER.Texto(),
                             Escapar(folio), Escapar(regla.TipPoliza)));
     } else {
@@ -403,7 +403,7 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
       p.FOL_POLIZA = folio;
       p.CONCEP_POL = regla.DesConcepto.trimmed();
       p.ESTATUS = -1;
-      con.Ejecutar(SentenciaInsertarPoliza(p, gMotor));
+      con.Ejecutar(SentenciaInsertarPoliza(p, con.Dialecto()));
     }
   }
   ++polizas_;
@@ -437,8 +437,8 @@ void Generador::GrabarBitacora(const QString &folio, const QDateTime &fecha) {
   const QString donde = u"MODULO="_s % modulo % u" AND COD_OPER="_s % oper %
                         u" AND COD_CONCEP='"_s % Escapar(regla.Concepto) % u"' AND FOL_POLIZA='"_s %
                         Escapar(folio) % u"';"_s;
-  const QString hoy = ServicioUtil::FechaSQL(Hoy(), gMotor);
-  const QString ahora = ServicioUtil::FechaHoraSQL(Ahora(), gMotor);
+  const QString hoy = con.Dialecto().FechaSQL(Hoy());
+  const QString ahora = con.Dialecto().FechaHoraSQL(Ahora());
   if (!con.Abrir(u"SELECT COD_OPER FROM tblBitacoraPolizas WHERE "_s % donde).Vacio()) {
     con.Ejecutar(u"UPDATE tblBitacoraPolizas SET FEC_MOVIM="_s % Fecha(fecha) % u",FEC_GENERA="_s %
                  hoy % u",HR_GENERA="_s % ahora % u",SUMA_DEBE="_s % c_.SumaDebe.Texto() %

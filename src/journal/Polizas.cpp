@@ -1,5 +1,6 @@
 #include "journal/Polizas.h"
 
+#include "shell/Dialecto.h"
 #include "shell/ServicioConexion.h"
 #include "shell/ServicioUtil.h"
 
@@ -44,12 +45,12 @@ QString FormatoFolio(qint64 numero) {
 // The statements of a journal entry are joined piece by piece: every document writes
 // several, and filling a pattern costs more than the statement takes to run.
 
-QString SentenciaInsertarPoliza(const Poliza &p, int motor) {
+QString SentenciaInsertarPoliza(const Poliza &p, const Dialecto &dialecto) {
   return u"INSERT INTO tblPolizasEnc (FOL_POLIZA,FEC_POLIZA,TIP_POLIZA,COD_OPER,CONCEP_POL,"
          "FEC_ANTERIOR,IMPANT_DEBE,IMPANT_HABER,SUM_DEBE,SUM_HABER,ESTATUS) VALUES ('"_s %
-         Escapar(p.FOL_POLIZA) % u"',"_s % ServicioUtil::FechaSQL(p.FEC_POLIZA, motor) % u",'"_s %
+         Escapar(p.FOL_POLIZA) % u"',"_s % dialecto.FechaSQL(p.FEC_POLIZA) % u",'"_s %
          Escapar(p.TIP_POLIZA) % u"',"_s % QString::number(p.COD_OPER) % u",'"_s %
-         Escapar(p.CONCEP_POL) % u"',"_s % ServicioUtil::FechaSQL(p.FEC_ANTERIOR, motor) % u","_s %
+         Escapar(p.CONCEP_POL) % u"',"_s % dialecto.FechaSQL(p.FEC_ANTERIOR) % u","_s %
          p.IMPANT_DEBE.Texto() % u","_s % p.IMPANT_HABER.Texto() % u","_s % p.SUM_DEBE.Texto() %
          u","_s % p.SUM_HABER.Texto() % u","_s % QString::number(p.ESTATUS) % u")"_s;
 }
@@ -71,8 +72,12 @@ QString SentenciaRenglonHaber(const QString &folio, const QString &tipo, int cod
          u")"_s;
 }
 
+QString SentenciaInsertarPoliza(const Poliza &p, int motor) {
+  return SentenciaInsertarPoliza(p, Dialecto(motor));
+}
+
 void InsertarPoliza(Conexion &con, const Poliza &p, const std::vector<RenglonPoliza> &renglones) {
-  con.Ejecutar(SentenciaInsertarPoliza(p, con.Motor()));
+  con.Ejecutar(SentenciaInsertarPoliza(p, con.Dialecto()));
   for (const RenglonPoliza &r : renglones) {
     if (r.EsCargo())
       con.Ejecutar(SentenciaRenglonDebe(p.FOL_POLIZA, p.TIP_POLIZA, r.COD_DATO, r.RUBRO_DEBE,

@@ -8,6 +8,7 @@
 #include <vector>
 
 class Conexion;
+class Dialecto;
 
 // Frequency of a rule and of a posted document.
 namespace frec {
@@ -50,6 +51,8 @@ struct RenglonPoliza {
 };
 
 // The insertion of a header, with ESTATUS as given (1 new, -1 re-created).
+QString SentenciaInsertarPoliza(const Poliza &p, const Dialecto &dialecto);
+// The same for an engine by its number.
 QString SentenciaInsertarPoliza(const Poliza &p, int motor);
 // The insertion of a debit line and of a credit line.
 QString SentenciaRenglonDebe(const QString &folio, const QString &tipo, int codDato,

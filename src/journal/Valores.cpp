@@ -624,8 +624,8 @@ bool VerificarBancos(Corrida &corrida, int n) {
     {
       Registros r =
           con.Abrir(u"SELECT DISTINCT NUM_CTA FROM tblIngreEgre WHERE FEC_MOV BETWEEN "_s +
-                    ServicioUtil::FechaSQL(corrida.FechaInicial, gMotor) + u" AND "_s +
-                    ServicioUtil::FechaSQL(corrida.FechaFinal, gMotor) + u";"_s);
+                    corrida.Conexion->Dialecto().FechaSQL(corrida.FechaInicial) + u" AND "_s +
+                    corrida.Conexion->Dialecto().FechaSQL(corrida.FechaFinal) + u";"_s);
       for (; !r.Fin(); r.Siguiente())
         cuentas.push_back(r.Campo(u"NUM_CTA"_s).Texto());
     }

@@ -291,7 +291,7 @@ Valor Registros::Campo(const QString &nombre) const { return Campo(Indice(nombre
 // ---------------------------------------------------------------- Conexion
 
 Conexion::Conexion(QString nombreQt, int motor, QString texto)
-    : nombre_(std::move(nombreQt)), motor_(motor), texto_(std::move(texto)) {}
+    : nombre_(std::move(nombreQt)), motor_(motor), dialecto_(motor), texto_(std::move(texto)) {}
 
 Conexion::~Conexion() {
   if (enTransaccion_) {
@@ -342,7 +342,7 @@ void Conexion::Transaccion(Paso paso) {
                         : paso == Paso::Confirmar ? QStringLiteral("COMMIT")
                                                   : QStringLiteral("ROLLBACK");
   QSqlError error;
-  if (guardaCompiladas_) {
+  if (dialecto_.TransaccionPorSentencia()) {
     QSqlQuery q(db);
     if (!q.exec(texto))
       error = q.lastError();
@@ -369,26 +369,8 @@ std::unique_ptr<Candado> Conexion::TomarCandado(const QString &trabajo, QString 
       return nullptr;
     return candado;
   }
-  QString sql;
-  QString soltar;
-  if (motor_ == motor::kSqlServer) {
-    const QString n = QStringLiteral("N'escribano.") + trabajo + QStringLiteral(".' + DB_NAME()");
-    sql = QStringLiteral("SET NOCOUNT ON; DECLARE @n NVARCHAR(255) = %1; DECLARE @r INT; "
-                         "EXEC @r = sp_getapplock @Resource=@n, @LockMode='Exclusive', "
-                         "@LockOwner='Session', @LockTimeout=0; "
-                         "SELECT CASE WHEN @r>=0 THEN 1 ELSE 0 END AS TOMADO, @n AS NOMBRE;")
-              .arg(n);
-    soltar = QStringLiteral("DECLARE @n NVARCHAR(255) = %1; "
-                            "EXEC sp_releaseapplock @Resource=@n, @LockOwner='Session';")
-                 .arg(n);
-  } else {
-    // Named after the database, so that every workstation of the company meets it.
-    sql = QStringLiteral("SELECT GET_LOCK(CONCAT('escribano.%1.',DATABASE()),0) AS TOMADO,"
-                         "CONCAT('escribano.%1.',DATABASE()) AS NOMBRE;")
-              .arg(trabajo);
-    soltar =
-        QStringLiteral("SELECT RELEASE_LOCK(CONCAT('escribano.%1.',DATABASE()));").arg(trabajo);
-  }
+  const QString sql = dialecto_.TomarCandado(trabajo);
+  const QString soltar = dialecto_.SoltarCandado(trabajo);
   QString error;
   QString n;
   bool tomado = false;
@@ -621,14 +603,9 @@ ConexionPtr ServicioConexion::Abrir(const DestinoConexion &destino, const QStrin
         QStringLiteral("No fue posible abrir la conexión: %1").arg(TextoError(db.lastError())));
   if (sqlite)
     AjustarSqlite(db);
-  if (destino.motor == motor::kMySql) {
-    // A backslash is an ordinary character, as on the other engines: a value is quoted
-    // only by doubling its apostrophes.
-    odbc::Cursor::Ejecutar(db,
-                           QStringLiteral("SET SESSION sql_mode=CONCAT_WS(',',NULLIF(@@SESSION."
-                                          "sql_mode,''),'NO_BACKSLASH_ESCAPES')"),
-                           nullptr);
-  }
+  const QString ajuste = con->Dialecto().AjusteSesion();
+  if (!ajuste.isEmpty() && odbc::EsOdbc(db))
+    odbc::Cursor::Ejecutar(db, ajuste, nullptr);
   return con;
 }
 

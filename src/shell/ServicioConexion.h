@@ -1,5 +1,6 @@
 #pragma once
 
+#include "shell/Dialecto.h"
 #include "shell/Dinero.h"
 #include "shell/FinOrdenado.h"
 #include "shell/Odbc.h"
@@ -108,6 +109,8 @@ public:
 
   // The engine: 3 SQL Server, 4 MySQL, 5 SQLite, 0 the general or reference database.
   int Motor() const { return motor_; }
+  // Every difference of the engine's SQL: date literals, length, locks, DDL.
+  const ::Dialecto &Dialecto() const { return dialecto_; }
   const QString &Texto() const { return texto_; }
 
   // Runs a statement that returns no rows; a failure ends the process. Gives the
@@ -166,6 +169,7 @@ private:
   bool odbc_ = false;
   QString nombre_;
   int motor_;
+  ::Dialecto dialecto_;
   QString texto_;
   // The handle of the Qt connection, taken at the first statement: finding it by name
   // again for every statement takes the lock of Qt's registry of connections.

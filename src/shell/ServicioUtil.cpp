@@ -1,6 +1,6 @@
 #include "shell/ServicioUtil.h"
 
-#include "shell/ErrorFatal.h"
+#include "shell/Dialecto.h"
 #include "shell/Rutas.h"
 
 #include <QFile>
@@ -122,79 +122,19 @@ bool ServicioUtil::EscribirIni(const QString &seccion, const QString &clave, con
   return f.commit();
 }
 
-namespace {
-
-// A date the engine can't hold ends the run with a message that says so, rather than
-// with the engine's own words or a wrong row.
-void RevisarRango(const QDate &fecha, int motor) {
-  if (!fecha.isValid())
-    return;
-  QDate menor(1, 1, 1);
-  if (motor == motor::kSqlServer)
-    menor = QDate(1753, 1, 1);
-  else if (motor == motor::kMySql)
-    menor = QDate(1000, 1, 1);
-  else if (motor == 0)
-    menor = QDate(100, 1, 1);
-  const QDate mayor(9999, 12, 31);
-  if (fecha < menor || fecha > mayor)
-    throw ErrorFatal(QStringLiteral("La fecha %1 está fuera del intervalo que admite la base de "
-                                    "datos (%2 a %3).")
-                         .arg(fecha.toString(QStringLiteral("dd/MM/yyyy")),
-                              menor.toString(QStringLiteral("dd/MM/yyyy")),
-                              mayor.toString(QStringLiteral("dd/MM/yyyy"))));
-}
-
-} // namespace
-
 QString ServicioUtil::FechaSQL(const QDate &fecha, int motor) {
-  RevisarRango(fecha, motor);
-  switch (motor) {
-  case motor::kSqlServer:
-    return QLatin1Char('\'') + fecha.toString(QStringLiteral("yyyyMMdd")) + QLatin1Char('\'');
-  case motor::kMySql:
-  case motor::kSqlite:
-    return QLatin1Char('\'') + fecha.toString(QStringLiteral("yyyy-MM-dd")) + QLatin1Char('\'');
-  default:
-    return QLatin1Char('#') + fecha.toString(QStringLiteral("MM/dd/yyyy")) + QLatin1Char('#');
-  }
+  return Dialecto(motor).FechaSQL(fecha);
 }
 
 QString ServicioUtil::FechaSQL(const QDateTime &momento, int motor) {
-  if (momento.time() == QTime(0, 0))
-    return FechaSQL(momento.date(), motor);
-  RevisarRango(momento.date(), motor);
-  const QString hora = momento.time().toString(QStringLiteral("HH:mm:ss"));
-  switch (motor) {
-  case motor::kSqlServer:
-    return QLatin1Char('\'') + momento.date().toString(QStringLiteral("yyyyMMdd")) +
-           QLatin1Char(' ') + hora + QLatin1Char('\'');
-  case motor::kMySql:
-  case motor::kSqlite:
-    return QLatin1Char('\'') + momento.date().toString(QStringLiteral("yyyy-MM-dd")) +
-           QLatin1Char(' ') + hora + QLatin1Char('\'');
-  default:
-    return QLatin1Char('#') + momento.date().toString(QStringLiteral("MM/dd/yyyy")) +
-           QLatin1Char(' ') + hora + QLatin1Char('#');
-  }
+  return Dialecto(motor).FechaSQL(momento);
 }
 
 QString ServicioUtil::FechaHoraSQL(const QDateTime &fecha, int motor) {
-  const QString hora = fecha.time().toString(QStringLiteral("HH:mm:ss"));
-  switch (motor) {
-  case motor::kSqlServer:
-  case motor::kMySql:
-  case motor::kSqlite:
-    return QLatin1Char('\'') + hora + QLatin1Char('\'');
-  default:
-    return QLatin1Char('#') + hora + QLatin1Char('#');
-  }
+  return Dialecto(motor).FechaHoraSQL(fecha);
 }
 
-QString ServicioUtil::FuncionLargo(int motor) {
-  return (motor == motor::kMySql || motor == motor::kSqlite) ? QStringLiteral("LENGTH")
-                                                             : QStringLiteral("LEN");
-}
+QString ServicioUtil::FuncionLargo(int motor) { return Dialecto(motor).FuncionLargo(); }
 
 double Val(const QString &texto) {
   QString limpio;

@@ -34,9 +34,9 @@ public:
 };
 
 // A text value as it goes between the apostrophes of a statement: each apostrophe
-// doubled, any NUL dropped, nothing else touched. Every value a statement quotes goes through here, so a
-// concept named "D'ANGELO" is stored as it reads, and a value without an apostrophe
-// leaves the statement as it always was.
+// doubled, any NUL dropped, nothing else touched. Every value a statement quotes goes through here,
+// so a concept named "D'ANGELO" is stored as it reads, and a value without an apostrophe leaves the
+// statement as it always was.
 QString Escapar(const QString &valor);
 
 // The numeric value of a text as the family's code reads it: the longest leading

@@ -45,5 +45,14 @@ TEST_P(HallazgosMotor, AValueWithANulIsStoredWithoutIt) {
             QStringLiteral("GUADALAJARA"));
 }
 
+TEST_P(HallazgosMotor, ABackslashBeforeAnApostropheIsStoredAsItReads) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  const QString ruta = QStringLiteral("C:\\Temp\\D'ANGELO\\");
+  con->Ejecutar(QStringLiteral("INSERT INTO tblCiudad (COD_CID,DES_CID) VALUES ('X','") +
+                Escapar(ruta) + QStringLiteral("')"));
+  EXPECT_EQ(emp.Valor(QStringLiteral("SELECT DES_CID FROM tblCiudad WHERE COD_CID='X'")), ruta);
+}
+
 INSTANTIATE_TEST_SUITE_P(Motores, HallazgosMotor, testing::ValuesIn(MotoresDePrueba()),
                          NombreMotor);
