@@ -1,13 +1,13 @@
-#include "export/frmGenerarArchivo.h"
-#include "journal/frmGenerarPolizas.h"
+#include "export/pantallas/frmGenerarArchivo.h"
+#include "journal/pantallas/frmGenerarPolizas.h"
 #include "shell/CatalogoMensajes.h"
 #include "shell/ErrorFatal.h"
 #include "shell/FinOrdenado.h"
-#include "shell/PantallaDialogo.h"
-#include "shell/Pantallas.h"
+#include "pantallas/PantallaDialogo.h"
+#include "pantallas/Pantallas.h"
 #include "shell/Sesion.h"
-#include "shell/frmEntrada.h"
-#include "shell/mdiMnuPri.h"
+#include "shell/pantallas/frmEntrada.h"
+#include "shell/pantallas/mdiMnuPri.h"
 
 #include <QApplication>
 #include <cstdlib>

@@ -1,4 +1,4 @@
-#include "shell/frmDirectorios.h"
+#include "pantallas/frmDirectorios.h"
 #include "Capturas.h"
 #include "shell/Sesion.h"
 

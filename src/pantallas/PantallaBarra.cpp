@@ -1,6 +1,6 @@
-#include "shell/PantallaBarra.h"
+#include "pantallas/PantallaBarra.h"
 
-#include "shell/Pantallas.h"
+#include "pantallas/Pantallas.h"
 #include "shell/Sesion.h"
 
 #include <QAction>

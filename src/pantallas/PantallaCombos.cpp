@@ -1,4 +1,4 @@
-#include "shell/PantallaCombos.h"
+#include "pantallas/PantallaCombos.h"
 
 #include "shell/ServicioConexion.h"
 

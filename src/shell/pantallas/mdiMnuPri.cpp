@@ -1,9 +1,9 @@
-#include "shell/mdiMnuPri.h"
+#include "shell/pantallas/mdiMnuPri.h"
 
 #include "shell/CatalogoMensajes.h"
 #include "shell/ErrorFatal.h"
-#include "shell/PantallaBarra.h"
-#include "shell/Pantallas.h"
+#include "pantallas/PantallaBarra.h"
+#include "pantallas/Pantallas.h"
 #include "shell/ServicioConexion.h"
 #include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"

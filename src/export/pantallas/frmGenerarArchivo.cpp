@@ -1,9 +1,9 @@
-#include "export/frmGenerarArchivo.h"
+#include "export/pantallas/frmGenerarArchivo.h"
 
 #include "export/GenerarArchivo.h"
-#include "shell/PantallaBarra.h"
-#include "shell/PantallaCombos.h"
-#include "shell/Pantallas.h"
+#include "pantallas/PantallaBarra.h"
+#include "pantallas/PantallaCombos.h"
+#include "pantallas/Pantallas.h"
 #include "shell/Sesion.h"
 
 #include <QCoreApplication>

@@ -1,4 +1,4 @@
-#include "shell/Pantallas.h"
+#include "pantallas/Pantallas.h"
 
 #include "shell/Rutas.h"
 #include "shell/Sesion.h"

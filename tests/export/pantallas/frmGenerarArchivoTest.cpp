@@ -1,9 +1,9 @@
-#include "export/frmGenerarArchivo.h"
-#include "../shell/Capturas.h"
-#include "ApoyoExportacion.h"
-#include "shell/PantallaBarra.h"
-#include "shell/PantallaCombos.h"
-#include "shell/Pantallas.h"
+#include "export/pantallas/frmGenerarArchivo.h"
+#include "Capturas.h"
+#include "export/ApoyoExportacion.h"
+#include "pantallas/PantallaBarra.h"
+#include "pantallas/PantallaCombos.h"
+#include "pantallas/Pantallas.h"
 #include "shell/Sesion.h"
 
 #include <QAction>

@@ -1,9 +1,9 @@
 #include "Apoyo.h"
 #include "Capturas.h"
-#include "shell/PantallaBarra.h"
-#include "shell/PantallaCombos.h"
-#include "shell/PantallaDialogo.h"
-#include "shell/Pantallas.h"
+#include "pantallas/PantallaBarra.h"
+#include "pantallas/PantallaCombos.h"
+#include "pantallas/PantallaDialogo.h"
+#include "pantallas/Pantallas.h"
 #include "shell/Sesion.h"
 
 #include <QAbstractItemView>

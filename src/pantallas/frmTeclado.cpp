@@ -1,6 +1,6 @@
-#include "shell/frmTeclado.h"
+#include "pantallas/frmTeclado.h"
 
-#include "shell/Pantallas.h"
+#include "pantallas/Pantallas.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

@@ -1,11 +1,11 @@
-#include "journal/frmGenerarPolizas.h"
+#include "journal/pantallas/frmGenerarPolizas.h"
 
 #include "journal/Bitacora.h"
 #include "journal/Documentos.h"
 #include "journal/Generacion.h"
 #include "shell/CatalogoMensajes.h"
-#include "shell/PantallaBarra.h"
-#include "shell/Pantallas.h"
+#include "pantallas/PantallaBarra.h"
+#include "pantallas/Pantallas.h"
 #include "shell/ServicioConexion.h"
 #include "shell/Sesion.h"
 

@@ -1,9 +1,9 @@
-#include "journal/frmGenerarPolizas.h"
-#include "../shell/Capturas.h"
-#include "FixtureGeneracion.h"
+#include "journal/pantallas/frmGenerarPolizas.h"
+#include "Capturas.h"
+#include "journal/FixtureGeneracion.h"
 #include "shell/ErrorFatal.h"
-#include "shell/PantallaBarra.h"
-#include "shell/Pantallas.h"
+#include "pantallas/PantallaBarra.h"
+#include "pantallas/Pantallas.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,10 +1,10 @@
-#include "shell/mdiMnuPri.h"
+#include "shell/pantallas/mdiMnuPri.h"
 #include "Apoyo.h"
 #include "Capturas.h"
 #include "db/EmpresaDemo.h"
 #include "shell/ErrorFatal.h"
-#include "shell/PantallaBarra.h"
-#include "shell/Pantallas.h"
+#include "pantallas/PantallaBarra.h"
+#include "pantallas/Pantallas.h"
 #include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
 

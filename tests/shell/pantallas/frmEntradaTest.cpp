@@ -1,13 +1,13 @@
-#include "shell/frmEntrada.h"
+#include "shell/pantallas/frmEntrada.h"
 #include "Apoyo.h"
 #include "Capturas.h"
 #include "db/EmpresaDemo.h"
 #include "shell/Encriptacion.h"
-#include "shell/Pantallas.h"
+#include "pantallas/Pantallas.h"
 #include "shell/Rutas.h"
 #include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
-#include "shell/frmTeclado.h"
+#include "pantallas/frmTeclado.h"
 
 #include <QApplication>
 #include <QComboBox>

@@ -1,4 +1,4 @@
-#include "shell/PantallaDialogo.h"
+#include "pantallas/PantallaDialogo.h"
 
 #include <QApplication>
 #include <QGuiApplication>

@@ -1,6 +1,6 @@
-#include "shell/frmDirectorios.h"
+#include "pantallas/frmDirectorios.h"
 
-#include "shell/Pantallas.h"
+#include "pantallas/Pantallas.h"
 #include "shell/Rutas.h"
 #include "shell/Sesion.h"
 

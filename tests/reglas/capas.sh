@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# Libraries link only downward, and so do includes: the engine (every folder but the
+# screens) includes no screen, the command line no screen, the screen kit no subsystem's
+# screen; only app/ knows every screen. A file never includes from a parent folder ("../").
+set -uo pipefail
+raiz="${1:-$(cd "$(dirname "$0")/../.." && pwd)}"
+src="$raiz/src"
+fallas=""
+for archivo in $(cd "$src" && find . -name '*.cpp' -o -name '*.h' | sed 's|^\./||' | sort); do
+  includes=$(grep -oE '^#include "[^"]+"' "$src/$archivo" | sed 's/#include "//; s/"$//')
+  for inc in $includes; do
+    mal=""
+    case "$inc" in ../*) mal="sube de carpeta" ;; esac
+    pantalla=0
+    case "$inc" in pantallas/* | */pantallas/*) pantalla=1 ;; esac
+    case "$archivo" in
+      app/*) ;;
+      pantallas/*) case "$inc" in */pantallas/*) mal="el kit no conoce las pantallas" ;; esac ;;
+      */pantallas/*) ;;
+      *) [ "$pantalla" -eq 1 ] && mal="el motor no incluye pantallas" ;;
+    esac
+    [ -n "$mal" ] && fallas+="  src/$archivo: $inc ($mal)"$'\n'
+  done
+done
+if [ -n "$fallas" ]; then
+  echo "Includes que suben de capa:"
+  printf '%s' "$fallas"
+  exit 1
+fi
+echo "Las capas sólo incluyen hacia abajo."
