@@ -21,6 +21,9 @@ constexpr FormatoFecha kFormatosFecha[] = {{"DD/MM/AAAA", "DD/MM/YYYY"},
                                            {"AAAAMMDD", "YYYYMMDD"},
                                            {"DDMMAAAA", "DDMMYYYY"}};
 
+// The most digits a level of the account mask can have: the mask's own twenty characters.
+constexpr int kDigitosMaximos = 20;
+
 // The account mask as levels: pieces between "-", at most four, up to the first empty one.
 std::array<int, 4> NivelesDeMascara(const QString &mascara) {
   std::array<int, 4> niveles{};
@@ -38,6 +41,14 @@ std::array<int, 4> NivelesDeMascara(const QString &mascara) {
       throw ErrorFatal(QStringLiteral("No coinciden los tipos: el nivel «%1» del formato de "
                                       "cuenta «%2» no es un número.")
                            .arg(pieza, mascara));
+    // An account has no level wider than the mask's twenty characters: a wider one would
+    // have every line of the file padded out for ever.
+    if (niveles[i] > kDigitosMaximos)
+      throw ErrorFatal(QStringLiteral("El formato de cuenta «%1» pide un nivel de %2 dígitos; "
+                                      "ninguno puede pasar de %3.")
+                           .arg(mascara)
+                           .arg(niveles[i])
+                           .arg(kDigitosMaximos));
     inicio = fin + 1;
   }
   return niveles;

@@ -213,6 +213,23 @@ TEST_P(Formato, AMaskWithAZeroLevelInTheMiddleIsReadAsItStands) {
   EXPECT_EQ(CargarCon("FORM_CTA", "'5-0-3-0'").Niveles, (std::array<int, 4>{5, 0, 3, 0}));
 }
 
+// Found by fuzzing: a level of 88 million digits had every account padded out to it.
+TEST_P(Formato, AMaskLevelWiderThanTwentyDigitsEndsWithAMessage) {
+  EXPECT_EQ(CargarCon("FORM_CTA", "'20-1'").Niveles, (std::array<int, 4>{20, 1, 0, 0}));
+  con->Ejecutar(QStringLiteral("DELETE FROM tblParametrosForm"));
+  Columnas c = FormatoUsuario();
+  c[QStringLiteral("FORM_CTA")] = QStringLiteral("'0088878785'");
+  InsertarFormato(*con, c);
+  FormatoArchivo f;
+  try {
+    CargarFormato(*con, f);
+    FAIL() << "the mask was taken";
+  } catch (const ErrorFatal &e) {
+    EXPECT_EQ(e.Mensaje(), QStringLiteral("El formato de cuenta «0088878785» pide un nivel de "
+                                          "88878785 dígitos; ninguno puede pasar de 20."));
+  }
+}
+
 TEST_P(Formato, AMaskThatStartsWithADashGivesNoLevels) {
   EXPECT_EQ(CargarCon("FORM_CTA", "'-4-3'").Niveles, (std::array<int, 4>{0, 0, 0, 0}));
 }
