@@ -5,6 +5,7 @@
 
 #include "EmpresaSintetica.h"
 #include "Repeticion.h"
+#include "journal/Documentos.h"
 
 #include "db/ConstructorBD.h"
 #include "db/EmpresaDemo.h"

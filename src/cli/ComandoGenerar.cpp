@@ -2,6 +2,7 @@
 
 #include "journal/Arbol.h"
 #include "journal/Corrida.h"
+#include "journal/Documentos.h"
 #include "journal/Generacion.h"
 #include "shell/CatalogoMensajes.h"
 #include "shell/Plataforma.h"

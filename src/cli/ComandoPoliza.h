@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/Comandos.h"
+#include "cli/Opciones.h"
 
 namespace cli {
 

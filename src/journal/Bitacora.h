@@ -17,7 +17,7 @@ struct ConceptoRegla;
 // What the user is told when the log can't be written.
 QString MensajeBitacoraNoEscrita(const QString &ruta, const QString &error);
 
-class Bitacora : public Cerrable {
+class Bitacora final : public Cerrable {
 public:
   Bitacora() = default;
   // At a fatal end the lines written so far reach the file, and it is closed.

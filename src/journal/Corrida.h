@@ -1,7 +1,7 @@
 #pragma once
 
-#include "journal/Documentos.h"
-#include "journal/Valores.h"
+#include "journal/Documento.h"
+#include "journal/Renglones.h"
 #include "shell/Dinero.h"
 #include "shell/ErrorFatal.h"
 #include "shell/ServicioConexion.h"

@@ -1,5 +1,6 @@
 #include "shell/Entrada.h"
 
+#include "shell/CargaEmpresa.h"
 #include "shell/CatalogoMensajes.h"
 #include "shell/Encriptacion.h"
 #include "shell/ServicioConexion.h"

@@ -514,12 +514,6 @@ std::unique_ptr<Registros> Conexion::IntentarAbrir(const QString &sql, QString *
 
 // ---------------------------------------------------------------- ServicioConexion
 
-QString ConexionGeneral(const QString &rutaApp) {
-  return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") +
-         UnirRuta(rutaApp, QStringLiteral("Nimbar.mdb")) +
-         QStringLiteral(";Persist Security Info=False;Jet OLEDB:Database Password=");
-}
-
 DestinoConexion ServicioConexion::Traducir(const QString &conexion, const QString &rutaBase,
                                            const QString &odbcSqlServer) {
   const QString t = conexion.trimmed();

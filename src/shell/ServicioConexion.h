@@ -100,7 +100,7 @@ struct Grabadora {
 };
 
 // A connection to one database, private to the routine or screen that opened it.
-class Conexion : public Cerrable {
+class Conexion final : public Cerrable {
 public:
   Conexion(QString nombreQt, int motor, QString texto);
   ~Conexion();
@@ -210,6 +210,3 @@ public:
 private:
   static ConexionPtr Abrir(const DestinoConexion &destino, const QString &texto);
 };
-
-// Connection text of the general database under a folder, to the letter.
-QString ConexionGeneral(const QString &rutaApp);

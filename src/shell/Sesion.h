@@ -73,20 +73,15 @@ void LimpiarSesion();
 // Fills gRutaApp, gConexionGeneral and gEdicion. rutaEjecutable is the folder of the
 // executable; ESCRIBANO_RUTA, when set, names another.
 void IniciarRutas(const QString &rutaEjecutable);
+// Connection text of the general database under a folder, to the letter.
+QString ConexionGeneral(const QString &rutaApp);
+// Copies the six configuration files of the invoicing services from Temp over those of
+// the program's folder; stops at the first one that fails.
+bool CopiarConfiguraciones();
 void IniciarAyuda();
 
-// Loads a company into the session.
-void CargarEmpresa(Conexion &conexionGeneral, Conexion &conexionEmpresa, int numEmp);
-// The forced change to the invoicing version 33.
-bool CambiarVersionCFDI(Conexion &conexionEmpresa);
-// At main window load: repairs the module's configuration file.
-void VerificarConfiguracionCFDI(Conexion &conexionEmpresa, int modulo);
 // Whether a module's configuration file still is of the old version.
 bool ConfiguracionAntigua(int modulo);
-// Credentials of the electronic services of a register (0: this workstation's).
-void CargarServicios(int caja);
-// Password check at main window load.
-void VerificarClavesDuplicadas(Conexion &conexionEmpresa);
 
 // The register number of this workstation; a workstation without one answers 0.
 int CodigoDeCajaEnRegistro();

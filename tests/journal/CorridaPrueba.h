@@ -6,6 +6,7 @@
 
 #include "Apoyo.h"
 #include "journal/Corrida.h"
+#include "journal/Documentos.h"
 #include "shell/ErrorFatal.h"
 
 #include <QDate>

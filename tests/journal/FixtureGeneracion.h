@@ -4,6 +4,7 @@
 #include "db/EmpresaDemo.h"
 #include "journal/Arbol.h"
 #include "journal/Corrida.h"
+#include "journal/Documentos.h"
 #include "journal/Generacion.h"
 #include "journal/Polizas.h"
 #include "shell/Rutas.h"

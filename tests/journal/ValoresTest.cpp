@@ -1,3 +1,4 @@
+#include "journal/Valores.h"
 #include "CorridaPrueba.h"
 #include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"

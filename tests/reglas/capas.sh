@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Libraries link only downward, and so do includes: the engine (every folder but the
 # screens) includes no screen, the command line no screen, the screen kit no subsystem's
-# screen; only app/ knows every screen. A file never includes from a parent folder ("../").
+# screen; only app/ knows every screen. A file never includes from a parent folder ("../"),
+# and no two modules include each other.
 set -uo pipefail
 raiz="${1:-$(cd "$(dirname "$0")/../.." && pwd)}"
 src="$raiz/src"
@@ -22,9 +23,22 @@ for archivo in $(cd "$src" && find . -name '*.cpp' -o -name '*.h' | sed 's|^\./|
     [ -n "$mal" ] && fallas+="  src/$archivo: $inc ($mal)"$'\n'
   done
 done
+# No two modules (a .h with its .cpp) include each other.
+declare -A usa
+for archivo in $(cd "$src" && find . -name '*.cpp' -o -name '*.h' | sed 's|^\./||'); do
+  modulo="${archivo%.*}"
+  for inc in $(grep -oE '^#include "[^"]+\.h"' "$src/$archivo" | sed 's/#include "//; s/\.h"$//'); do
+    [ "$inc" = "$modulo" ] || usa["$modulo>$inc"]=1
+  done
+done
+for par in "${!usa[@]}"; do
+  a="${par%%>*}"
+  b="${par#*>}"
+  [[ "$a" < "$b" ]] && [ -n "${usa[$b>$a]:-}" ] && fallas+="  src/$a y src/$b se incluyen uno al otro"$'\n'
+done
 if [ -n "$fallas" ]; then
   echo "Includes que suben de capa:"
   printf '%s' "$fallas"
   exit 1
 fi
-echo "Las capas sólo incluyen hacia abajo."
+echo "Las capas sólo incluyen hacia abajo, y ningún módulo incluye a otro que lo incluya."

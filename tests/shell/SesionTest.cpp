@@ -1,6 +1,7 @@
 #include "shell/Sesion.h"
 #include "Apoyo.h"
 #include "db/EmpresaDemo.h"
+#include "shell/CargaEmpresa.h"
 #include "shell/Encriptacion.h"
 #include "shell/Rutas.h"
 #include "shell/ServicioUtil.h"

@@ -1,14 +1,14 @@
 #include "shell/pantallas/frmEntrada.h"
 
+#include "pantallas/Pantallas.h"
+#include "pantallas/frmTeclado.h"
 #include "shell/CatalogoMensajes.h"
 #include "shell/Encriptacion.h"
 #include "shell/Entrada.h"
 #include "shell/ErrorFatal.h"
-#include "pantallas/Pantallas.h"
 #include "shell/Rutas.h"
 #include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
-#include "pantallas/frmTeclado.h"
 
 #include <QComboBox>
 #include <QFileInfo>

@@ -1,9 +1,10 @@
 #include "shell/pantallas/mdiMnuPri.h"
 
-#include "shell/CatalogoMensajes.h"
-#include "shell/ErrorFatal.h"
 #include "pantallas/PantallaBarra.h"
 #include "pantallas/Pantallas.h"
+#include "shell/CargaEmpresa.h"
+#include "shell/CatalogoMensajes.h"
+#include "shell/ErrorFatal.h"
 #include "shell/ServicioConexion.h"
 #include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
