@@ -120,10 +120,14 @@ QVariant Cursor::Valor(int columna) {
     if (indicador == SQL_NULL_DATA)
       return QVariant();
     const qsizetype cabe = static_cast<qsizetype>(sizeof trozo / sizeof(SQLWCHAR)) - 1;
-    const qsizetype llegaron =
-        (indicador == SQL_NO_TOTAL || indicador / static_cast<SQLLEN>(sizeof(SQLWCHAR)) > cabe)
-            ? cabe
-            : static_cast<qsizetype>(indicador / static_cast<SQLLEN>(sizeof(SQLWCHAR)));
+    qsizetype llegaron = 0;
+    if (indicador == SQL_NO_TOTAL) {
+      // A driver that can't tell the length leaves the piece terminated.
+      while (llegaron < cabe && trozo[llegaron] != 0)
+        ++llegaron;
+    } else {
+      llegaron = qMin<qsizetype>(cabe, indicador / static_cast<SQLLEN>(sizeof(SQLWCHAR)));
+    }
     texto += QString::fromUtf16(reinterpret_cast<const char16_t *>(trozo), llegaron);
     if (r == SQL_SUCCESS)
       break;

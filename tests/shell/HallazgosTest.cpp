@@ -54,5 +54,18 @@ TEST_P(HallazgosMotor, ABackslashBeforeAnApostropheIsStoredAsItReads) {
   EXPECT_EQ(emp.Valor(QStringLiteral("SELECT DES_CID FROM tblCiudad WHERE COD_CID='X'")), ruta);
 }
 
+TEST_P(HallazgosMotor, ALongTextComesBackWholeInEveryPieceTheDriverHandsOver) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  QString largo;
+  for (int i = 0; i < 3000; ++i)
+    largo += QChar(u'A' + i % 26);
+  largo += QStringLiteral("ñ€");
+  con->Ejecutar(QStringLiteral("INSERT INTO tblFacturaElectronica (CADENA_ORIGINAL) VALUES ('") +
+                Escapar(largo) + QStringLiteral("')"));
+  Registros r = con->Abrir(QStringLiteral("SELECT CADENA_ORIGINAL FROM tblFacturaElectronica"));
+  EXPECT_EQ(r.Campo(QStringLiteral("CADENA_ORIGINAL")).Texto(), largo);
+}
+
 INSTANTIATE_TEST_SUITE_P(Motores, HallazgosMotor, testing::ValuesIn(MotoresDePrueba()),
                          NombreMotor);
