@@ -12,7 +12,7 @@ namespace esquema {
 
 namespace {
 
-using enum Tipo;
+using enum TipoDato;
 
 // Lengths of the text columns that repeat across tables.
 constexpr int kCodigo = 10; // catalogue codes: concepts, cities, branches
