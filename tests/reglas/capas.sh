@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Libraries link only downward, and so do includes: the engine (every folder but the
-# screens) includes no screen, the command line no screen, the screen kit no subsystem's
+# screens) includes no screen and no drawing, the command line no screen, the screen kit no subsystem's
 # screen; only app/ knows every screen. A file never includes from a parent folder ("../"),
 # and no two modules include each other.
 set -uo pipefail
@@ -21,6 +21,26 @@ for archivo in $(cd "$src" && find . -name '*.cpp' -o -name '*.h' | sed 's|^\./|
       *) [ "$pantalla" -eq 1 ] && mal="el motor no incluye pantallas" ;;
     esac
     [ -n "$mal" ] && fallas+="  src/$archivo: $inc ($mal)"$'\n'
+  done
+done
+# Qt's headers follow the libraries: the engine includes neither Gui nor Widgets, the
+# drawing of reports and the command line no Widgets.
+qt="$(find /usr/include -maxdepth 3 -type d -name QtWidgets -print -quit)"
+qt="${qt%/QtWidgets}"
+if [ -z "$qt" ]; then
+  echo "No se encontraron los encabezados de Qt"
+  exit 1
+fi
+for archivo in $(cd "$src" && find . -name '*.cpp' -o -name '*.h' | sed 's|^\./||' | sort); do
+  case "$archivo" in
+    app/* | pantallas/* | */pantallas/*) continue ;;
+    reports/* | cli/*) prohibidas=(QtWidgets QtPrintSupport) ;;
+    *) prohibidas=(QtGui QtWidgets QtPrintSupport) ;;
+  esac
+  for inc in $(grep -oE '^#include <Q[A-Za-z]+>' "$src/$archivo" | sed 's/#include <//; s/>$//'); do
+    for modulo in "${prohibidas[@]}"; do
+      [ -e "$qt/$modulo/$inc" ] && fallas+="  src/$archivo: <$inc> ($modulo no es de esta capa)"$'\n'
+    done
   done
 done
 # No two modules (a .h with its .cpp) include each other.
