@@ -3,6 +3,8 @@
 #include "shell/ServicioConexion.h"
 #include "shell/ServicioUtil.h"
 
+#include <utility>
+
 using namespace Qt::Literals::StringLiterals;
 
 namespace {
@@ -21,7 +23,57 @@ std::optional<RubroCatalogo> PrimerRubro(Conexion &con, const QString &sql) {
   return LeerRubroCatalogo(r);
 }
 
+std::vector<RubroOperacion> LeerRubrosOperacion(Registros &r, int codPol) {
+  std::vector<RubroOperacion> filas;
+  for (; !r.Fin(); r.Siguiente()) {
+    RubroOperacion f;
+    f.COD_DATO = static_cast<int>(r.Campo(u"COD_DATO"_s).Entero());
+    f.COD_POL = codPol;
+    f.TXT_CONC = r.Campo(u"TXT_CONC"_s).Texto();
+    f.RUBRO_DEBE = r.Campo(u"RUBRO_DEBE"_s).Texto();
+    f.RUBRO_HABER = r.Campo(u"RUBRO_HABER"_s).Texto();
+    f.CUENTA_DEBE = r.Campo(u"CUENTA_DEBE"_s).Texto();
+    f.CUENTA_HABER = r.Campo(u"CUENTA_HABER"_s).Texto();
+    filas.push_back(f);
+  }
+  return filas;
+}
+
+constexpr std::pair<int, CatalogoConceptos> kCatalogos[] = {
+    {3, {"tblConceptoIE", "COD_CIE", "DES_CIE", "COD_CON = 'IEFE'"}},
+    {4, {"tblConceptoIE", "COD_CIE", "DES_CIE", "COD_CON = 'RCAJ'"}},
+    {5, {"tblServicios", "COD_SER", "DES_SER", ""}},
+    {6, {"tblConceptos", "COD_CON", "DES_CON", "TIP_MOV = 'ACLI'"}},
+    {7, {"tblConceptos", "COD_CON", "DES_CON", "TIP_MOV = 'CCLI'"}},
+    {10, {"tblConceptos", "COD_CON", "DES_CON", "TIP_MOV = 'EALM'"}},
+    {11, {"tblConceptos", "COD_CON", "DES_CON", "TIP_MOV = 'SALM'"}},
+    {19, {"tblCargosEnCompras", "COD_CAR", "DES_CAR", ""}},
+    {20, {"tblConceptosCom", "COD_CON", "DES_CON", "COD_FOL = 'ACXP'"}},
+    {21, {"tblConceptosCom", "COD_CON", "DES_CON", "COD_FOL = 'CCXP'"}},
+    {22, {"tblConceptosGyT", "COD_CON", "DES_CON", "COD_FOL = 'GTOS'"}},
+    {23, {"tblConceptosGyT", "COD_CON", "DES_CON", "COD_FOL = 'GTOS'"}},
+    {24, {"tblConceptosGyT", "COD_CON", "DES_CON", "COD_FOL = 'INGR'"}},
+    // Two blanks after AND, as the other modules write it.
+    {25, {"tblConceptosGyT", "COD_CON", "DES_CON", "COD_FOL = 'EGRE' AND  COD_CON <> 'CHQE'"}},
+    {30, {"tblConceptosGyT", "COD_CON", "DES_CON", "COD_FOL = 'AACR'"}},
+};
+
 } // namespace
+
+const CatalogoConceptos *CatalogoDeConceptos(int codOper) {
+  for (const auto &[oper, catalogo] : kCatalogos)
+    if (oper == codOper)
+      return &catalogo;
+  return nullptr;
+}
+
+QString ListaDeConceptos(const CatalogoConceptos &c, const char *todas) {
+  const QLatin1String filtro(*c.filtro ? c.filtro : todas);
+  return u"SELECT "_s + QLatin1String(c.codigo) + u", "_s + QLatin1String(c.descripcion) +
+         u" FROM "_s + QLatin1String(c.tabla) +
+         (filtro.isEmpty() ? QString() : u" WHERE "_s + filtro) + u" ORDER BY "_s +
+         QLatin1String(c.codigo);
+}
 
 // ------------------------------------------------------------------ rules
 
@@ -99,19 +151,7 @@ std::vector<RubroOperacion> RubrosDeDefinicion(Conexion &con, int codPol) {
   Registros r = con.Abrir(u"SELECT COD_DATO, TXT_CONC, RUBRO_DEBE, RUBRO_HABER, CUENTA_DEBE, "
                           "CUENTA_HABER FROM tblRubrosxOperacion WHERE COD_POL="_s +
                           N(codPol));
-  std::vector<RubroOperacion> filas;
-  for (; !r.Fin(); r.Siguiente()) {
-    RubroOperacion f;
-    f.COD_DATO = static_cast<int>(r.Campo(u"COD_DATO"_s).Entero());
-    f.COD_POL = codPol;
-    f.TXT_CONC = r.Campo(u"TXT_CONC"_s).Texto();
-    f.RUBRO_DEBE = r.Campo(u"RUBRO_DEBE"_s).Texto();
-    f.RUBRO_HABER = r.Campo(u"RUBRO_HABER"_s).Texto();
-    f.CUENTA_DEBE = r.Campo(u"CUENTA_DEBE"_s).Texto();
-    f.CUENTA_HABER = r.Campo(u"CUENTA_HABER"_s).Texto();
-    filas.push_back(f);
-  }
-  return filas;
+  return LeerRubrosOperacion(r, codPol);
 }
 
 std::vector<ReglaPosteo> ReglasDeOperacion(Conexion &con, int codOper) {
@@ -140,19 +180,7 @@ bool GeneraConcepto(Conexion &con, int codOper) {
 std::vector<RubroOperacion> RubrosDeRegla(Conexion &con, int codPol) {
   Registros r = con.Abrir(u"SELECT * FROM tblRubrosxOperacion WHERE COD_POL="_s + N(codPol) +
                           u" ORDER BY ORDEN_CREA;"_s);
-  std::vector<RubroOperacion> filas;
-  for (; !r.Fin(); r.Siguiente()) {
-    // Generation reads these five columns and no other.
-    RubroOperacion f;
-    f.COD_POL = codPol;
-    f.COD_DATO = static_cast<int>(r.Campo(u"COD_DATO"_s).Entero());
-    f.CUENTA_DEBE = r.Campo(u"CUENTA_DEBE"_s).Texto();
-    f.CUENTA_HABER = r.Campo(u"CUENTA_HABER"_s).Texto();
-    f.RUBRO_DEBE = r.Campo(u"RUBRO_DEBE"_s).Texto();
-    f.RUBRO_HABER = r.Campo(u"RUBRO_HABER"_s).Texto();
-    filas.push_back(f);
-  }
-  return filas;
+  return LeerRubrosOperacion(r, codPol);
 }
 
 std::optional<DatoOperacion> LeerDato(Conexion &con, int codDato) {

@@ -11,6 +11,23 @@ class Conexion;
 // routine sends one statement of text, or the few that its task needs, as the screens
 // and the run write them; failures end the process unless told otherwise.
 
+// The catalogue that names the concepts of an operation: its table, the columns of code and
+// description, and the rows of it that belong to the operation (empty: the whole table).
+// The list is the program's own; no table holds it. Each screen and the run build their
+// statements from it.
+struct CatalogoConceptos {
+  const char *tabla;
+  const char *codigo;
+  const char *descripcion;
+  const char *filtro;
+};
+// For the operations 3 to 7, 10, 11, 19 to 25 and 30; none for the others.
+const CatalogoConceptos *CatalogoDeConceptos(int codOper);
+// "SELECT <code>, <description> FROM <table>[ WHERE <rows>] ORDER BY <code>": the
+// concepts of the operation, for a list to choose from. A catalogue of the whole table
+// gets `todas` as its rows when given (the export screen writes "1=1").
+QString ListaDeConceptos(const CatalogoConceptos &catalogo, const char *todas = "");
+
 // A rule: one row of tblOperacionxConcep.
 struct ReglaPosteo {
   int COD_POL = 0;

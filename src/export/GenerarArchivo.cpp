@@ -1,5 +1,7 @@
 #include "export/GenerarArchivo.h"
 
+#include "config/Reglas.h"
+
 #include "shell/CatalogoMensajes.h"
 #include "shell/Dinero.h"
 #include "shell/ErrorFatal.h"
@@ -505,56 +507,12 @@ QString ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Reng
 }
 
 std::optional<FuenteConceptos> ConsultaConceptos(const QString &operacion) {
-  const auto fuente = [](const char *select, const char *orden, const char *codigo,
-                         const char *descripcion) {
-    return FuenteConceptos{QLatin1String(select) + QLatin1String(orden), QLatin1String(codigo),
-                           QLatin1String(descripcion)};
-  };
-  // The operation is compared as text, as the combo hands it.
+  // The operation is compared as text, as the combo hands it. Operation 30 has no list on
+  // the export screen.
   const int op = operacion == QString::number(operacion.toInt()) ? operacion.toInt() : -1;
-  switch (op) {
-  case 3:
-    return fuente("SELECT COD_CIE, DES_CIE FROM tblConceptoIE WHERE COD_CON = 'IEFE'",
-                  " ORDER BY COD_CIE", "COD_CIE", "DES_CIE");
-  case 4:
-    return fuente("SELECT COD_CIE, DES_CIE FROM tblConceptoIE WHERE COD_CON = 'RCAJ'",
-                  " ORDER BY COD_CIE", "COD_CIE", "DES_CIE");
-  case 5:
-    return fuente("SELECT COD_SER, DES_SER FROM tblServicios WHERE 1=1", " ORDER BY COD_SER",
-                  "COD_SER", "DES_SER");
-  case 6:
-    return fuente("SELECT COD_CON, DES_CON FROM tblConceptos WHERE TIP_MOV = 'ACLI'",
-                  " ORDER BY COD_CON", "COD_CON", "DES_CON");
-  case 7:
-    return fuente("SELECT COD_CON, DES_CON FROM tblConceptos WHERE TIP_MOV = 'CCLI'",
-                  " ORDER BY COD_CON", "COD_CON", "DES_CON");
-  case 10:
-    return fuente("SELECT COD_CON, DES_CON FROM tblConceptos WHERE TIP_MOV = 'EALM'",
-                  " ORDER BY COD_CON", "COD_CON", "DES_CON");
-  case 11:
-    return fuente("SELECT COD_CON, DES_CON FROM tblConceptos WHERE TIP_MOV = 'SALM'",
-                  " ORDER BY COD_CON", "COD_CON", "DES_CON");
-  case 19:
-    return fuente("SELECT COD_CAR, DES_CAR FROM tblCargosEnCompras WHERE 1=1", " ORDER BY COD_CAR",
-                  "COD_CAR", "DES_CAR");
-  case 20:
-    return fuente("SELECT COD_CON, DES_CON FROM tblConceptosCom WHERE COD_FOL = 'ACXP'",
-                  " ORDER BY COD_CON", "COD_CON", "DES_CON");
-  case 21:
-    return fuente("SELECT COD_CON, DES_CON FROM tblConceptosCom WHERE COD_FOL = 'CCXP'",
-                  " ORDER BY COD_CON", "COD_CON", "DES_CON");
-  case 22:
-  case 23:
-    return fuente("SELECT COD_CON, DES_CON FROM tblConceptosGyT WHERE COD_FOL = 'GTOS'",
-                  " ORDER BY COD_CON", "COD_CON", "DES_CON");
-  case 24:
-    return fuente("SELECT COD_CON, DES_CON FROM tblConceptosGyT WHERE COD_FOL = 'INGR'",
-                  " ORDER BY COD_CON", "COD_CON", "DES_CON");
-  case 25:
-    return fuente("SELECT COD_CON, DES_CON FROM tblConceptosGyT WHERE COD_FOL = 'EGRE' AND  "
-                  "COD_CON <> 'CHQE'",
-                  " ORDER BY COD_CON", "COD_CON", "DES_CON");
-  default:
+  const CatalogoConceptos *c = op == 30 ? nullptr : CatalogoDeConceptos(op);
+  if (!c)
     return std::nullopt;
-  }
+  return FuenteConceptos{ListaDeConceptos(*c, "1=1"), QLatin1String(c->codigo),
+                         QLatin1String(c->descripcion)};
 }

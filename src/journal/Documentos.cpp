@@ -1,5 +1,6 @@
 #include "journal/Documentos.h"
 
+#include "config/Reglas.h"
 #include "journal/Corrida.h"
 #include "shell/ServicioConexion.h"
 #include "shell/ServicioUtil.h"
@@ -126,32 +127,6 @@ void CargarOperaciones(Corrida &corrida) {
   }
 }
 
-int CatalogoDeOperacion(int codOper) {
-  switch (codOper) {
-  case 3:
-  case 4:
-    return 4;
-  case 5:
-    return 5;
-  case 6:
-  case 7:
-  case 10:
-  case 11:
-    return 1;
-  case 20:
-  case 21:
-    return 2;
-  case 22:
-  case 23:
-  case 24:
-  case 25:
-  case 30:
-    return 3;
-  default:
-    return 0;
-  }
-}
-
 QString TextoFijoDeOperacion(int codOper) {
   // The words without an accent stand so beside the accented ones.
   switch (codOper) {
@@ -190,38 +165,25 @@ QString TextoFijoDeOperacion(int codOper) {
   }
 }
 
-QString DescripcionConcepto(Conexion &con, int catalogo, const QString &concepto) {
-  QString sql;
-  switch (catalogo) {
-  case 1:
-    sql = u"SELECT DES_CON FROM tblConceptos WHERE COD_CON='"_s + Escapar(concepto) + u"'"_s;
-    break;
-  case 2:
-    sql = u"SELECT DES_CON FROM tblConceptosCom WHERE COD_CON='"_s + Escapar(concepto) + u"'"_s;
-    break;
-  case 3:
-    sql = u"SELECT DES_CON FROM tblConceptosGyT WHERE COD_CON='"_s + Escapar(concepto) + u"'"_s;
-    break;
-  case 4:
-    sql = u"SELECT (DES_CIE) AS DES_CON FROM tblConceptoIE WHERE COD_CIE='"_s + Escapar(concepto) +
-          u"'"_s;
-    break;
-  case 5:
-    sql = u"SELECT (DES_SER) AS DES_CON FROM tblServicios WHERE COD_SER='"_s + Escapar(concepto) +
-          u"'"_s;
-    break;
-  default:
+QString DescripcionConcepto(Conexion &con, int codOper, const QString &concepto) {
+  // The charges of purchases (19) have a list of concepts but no description in an entry.
+  const CatalogoConceptos *c = codOper == 19 ? nullptr : CatalogoDeConceptos(codOper);
+  if (!c)
     return {};
-  }
-  Registros r = con.Abrir(sql);
+  const QLatin1String descripcion(c->descripcion);
+  const QString columna =
+      descripcion == "DES_CON"_L1 ? QString(descripcion) : u"("_s + descripcion + u") AS DES_CON"_s;
+  Registros r =
+      con.Abrir(u"SELECT "_s + columna + u" FROM "_s + QLatin1String(c->tabla) + u" WHERE "_s +
+                QLatin1String(c->codigo) + u"='"_s + Escapar(concepto) + u"'"_s);
   if (r.Vacio())
     return {};
   return r.Campo(u"DES_CON"_s).Texto().left(30);
 }
 
 QString DescripcionRegla(Conexion &con, int codOper, bool generaCon, const QString &concepto) {
-  const QString texto = generaCon ? DescripcionConcepto(con, CatalogoDeOperacion(codOper), concepto)
-                                  : TextoFijoDeOperacion(codOper);
+  const QString texto =
+      generaCon ? DescripcionConcepto(con, codOper, concepto) : TextoFijoDeOperacion(codOper);
   return TextoFijo(texto, 30);
 }
 

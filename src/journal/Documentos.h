@@ -12,14 +12,12 @@ struct Corrida;
 // Fills Operaciones for the codes 1 to 30 and reads the first three taxes.
 void CargarOperaciones(Corrida &corrida);
 
-// The catalogue of concepts of an operation (1 to 5), 0 for one without a catalogue.
-int CatalogoDeOperacion(int codOper);
 // The fixed text of an operation whose journal entries don't take their text from a
 // catalogue; empty for the others.
 QString TextoFijoDeOperacion(int codOper);
-// The text of a concept in a catalogue, cut to 30 characters; empty when the concept
-// isn't found or the catalogue is none of the five.
-QString DescripcionConcepto(Conexion &con, int catalogo, const QString &concepto);
+// The text of a concept in its operation's catalogue, cut to 30 characters; empty when
+// the concept isn't found or the operation's entries take no text from a catalogue.
+QString DescripcionConcepto(Conexion &con, int codOper, const QString &concepto);
 // DesConcepto of a rule, in its field of 30 characters: from the catalogue when the
 // operation's GENERA_CON is true, else the operation's fixed text.
 QString DescripcionRegla(Conexion &con, int codOper, bool generaCon, const QString &concepto);

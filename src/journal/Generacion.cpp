@@ -499,16 +499,15 @@ void Generador::GrabarMovimiento(const QString &folio, const QDateTime &fecha) {
   case 7:
   case 20:
   case 21:
-    sello = u"UPDATE "_s % fuente.TablaEnc % u" SET CONTAB=1 WHERE "_s % f % u" (COD_CON='"_s %
-            Escapar(regla.Concepto) % u"') AND "_s % fuente.CampoClave % u"='"_s % Escapar(doc) %
-            u"'"_s;
-    break;
   case 10:
-  case 11:
-    sello = u"UPDATE "_s % fuente.TablaEnc % u" SET CONTAB=1 WHERE "_s % f % u" (CON_CEP='"_s %
-            Escapar(regla.Concepto) % u"') AND "_s % fuente.CampoClave % u"='"_s % Escapar(doc) %
-            u"'"_s;
+  case 11: {
+    const QString columna =
+        regla.CodOper >= 10 && regla.CodOper <= 11 ? u"CON_CEP"_s : u"COD_CON"_s;
+    sello = u"UPDATE "_s % fuente.TablaEnc % u" SET CONTAB=1 WHERE "_s % f % u" ("_s % columna %
+            u"='"_s % Escapar(regla.Concepto) % u"') AND "_s % fuente.CampoClave % u"='"_s %
+            Escapar(doc) % u"'"_s;
     break;
+  }
   case 19:
     break; // no statement: the empty text is sent and refused
   default:

@@ -2,7 +2,9 @@
 #include "Apoyo.h"
 #include "shell/ErrorFatal.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <iterator>
 
 namespace {
 
@@ -437,3 +439,42 @@ INSTANTIATE_TEST_SUITE_P(Motores, TablasDeReglas, testing::ValuesIn(MotoresDePru
                          NombreMotor);
 
 } // namespace
+
+// ------------------------------------------------------------ concept catalogues
+
+TEST(CatalogoDeConceptos, EachOperationListsItsConceptsToTheLetter) {
+  const std::pair<int, const char *> listas[] = {
+      {3, "SELECT COD_CIE, DES_CIE FROM tblConceptoIE WHERE COD_CON = 'IEFE' ORDER BY COD_CIE"},
+      {4, "SELECT COD_CIE, DES_CIE FROM tblConceptoIE WHERE COD_CON = 'RCAJ' ORDER BY COD_CIE"},
+      {5, "SELECT COD_SER, DES_SER FROM tblServicios ORDER BY COD_SER"},
+      {6, "SELECT COD_CON, DES_CON FROM tblConceptos WHERE TIP_MOV = 'ACLI' ORDER BY COD_CON"},
+      {7, "SELECT COD_CON, DES_CON FROM tblConceptos WHERE TIP_MOV = 'CCLI' ORDER BY COD_CON"},
+      {10, "SELECT COD_CON, DES_CON FROM tblConceptos WHERE TIP_MOV = 'EALM' ORDER BY COD_CON"},
+      {11, "SELECT COD_CON, DES_CON FROM tblConceptos WHERE TIP_MOV = 'SALM' ORDER BY COD_CON"},
+      {19, "SELECT COD_CAR, DES_CAR FROM tblCargosEnCompras ORDER BY COD_CAR"},
+      {20, "SELECT COD_CON, DES_CON FROM tblConceptosCom WHERE COD_FOL = 'ACXP' ORDER BY COD_CON"},
+      {21, "SELECT COD_CON, DES_CON FROM tblConceptosCom WHERE COD_FOL = 'CCXP' ORDER BY COD_CON"},
+      {22, "SELECT COD_CON, DES_CON FROM tblConceptosGyT WHERE COD_FOL = 'GTOS' ORDER BY COD_CON"},
+      {23, "SELECT COD_CON, DES_CON FROM tblConceptosGyT WHERE COD_FOL = 'GTOS' ORDER BY COD_CON"},
+      {24, "SELECT COD_CON, DES_CON FROM tblConceptosGyT WHERE COD_FOL = 'INGR' ORDER BY COD_CON"},
+      {25, "SELECT COD_CON, DES_CON FROM tblConceptosGyT WHERE COD_FOL = 'EGRE' AND  COD_CON <> "
+           "'CHQE' ORDER BY COD_CON"},
+      {30, "SELECT COD_CON, DES_CON FROM tblConceptosGyT WHERE COD_FOL = 'AACR' ORDER BY COD_CON"},
+  };
+  for (int oper = 0; oper <= 31; ++oper) {
+    const CatalogoConceptos *c = CatalogoDeConceptos(oper);
+    const auto lista = std::find_if(std::begin(listas), std::end(listas),
+                                    [&](const auto &l) { return l.first == oper; });
+    if (lista == std::end(listas)) {
+      EXPECT_EQ(c, nullptr) << oper;
+      continue;
+    }
+    ASSERT_NE(c, nullptr) << oper;
+    EXPECT_EQ(ListaDeConceptos(*c), QLatin1String(lista->second)) << oper;
+  }
+  EXPECT_EQ(ListaDeConceptos(*CatalogoDeConceptos(5), "1=1"),
+            QStringLiteral("SELECT COD_SER, DES_SER FROM tblServicios WHERE 1=1 ORDER BY COD_SER"));
+  EXPECT_EQ(ListaDeConceptos(*CatalogoDeConceptos(6), "1=1"),
+            QStringLiteral("SELECT COD_CON, DES_CON FROM tblConceptos WHERE TIP_MOV = 'ACLI' "
+                           "ORDER BY COD_CON"));
+}

@@ -188,7 +188,7 @@ TEST(ConsultaConceptos, EachOperationWithACatalogueHasItsSource) {
 }
 
 TEST(ConsultaConceptos, OtherOperationsHaveNoneAndNumbersAreComparedAsText) {
-  for (const char *op : {"1", "2", "8", "12", "26", "", "03", "x"})
+  for (const char *op : {"1", "2", "8", "12", "26", "30", "", "03", "x"})
     EXPECT_FALSE(ConsultaConceptos(QLatin1String(op)).has_value()) << op;
 }
 

@@ -443,13 +443,14 @@ TEST_P(Documentos, EachCatalogueGivesTheTextOfItsConcept) {
   p.Sql(QStringLiteral("INSERT INTO tblServicios (COD_SER,DES_SER) VALUES ('C5','RECARGA')"));
   p.Olvidar();
   Conexion &con = *p.c.Conexion;
-  EXPECT_EQ(DescripcionConcepto(con, 1, QStringLiteral("C1")), QStringLiteral("ANTICIPO"));
-  EXPECT_EQ(DescripcionConcepto(con, 2, QStringLiteral("C2")), QStringLiteral("NOTA"));
-  EXPECT_EQ(DescripcionConcepto(con, 3, QStringLiteral("C3")), QStringLiteral("LUZ"));
+  EXPECT_EQ(DescripcionConcepto(con, 6, QStringLiteral("C1")), QStringLiteral("ANTICIPO"));
+  EXPECT_EQ(DescripcionConcepto(con, 20, QStringLiteral("C2")), QStringLiteral("NOTA"));
+  EXPECT_EQ(DescripcionConcepto(con, 30, QStringLiteral("C3")), QStringLiteral("LUZ"));
   EXPECT_EQ(DescripcionConcepto(con, 4, QStringLiteral("C4")), QStringLiteral("FONDO"));
   EXPECT_EQ(DescripcionConcepto(con, 5, QStringLiteral("C5")), QStringLiteral("RECARGA"));
-  EXPECT_EQ(DescripcionConcepto(con, 0, QStringLiteral("C1")), QString());
-  EXPECT_EQ(DescripcionConcepto(con, 3, QStringLiteral("NO")), QString());
+  EXPECT_EQ(DescripcionConcepto(con, 1, QStringLiteral("C1")), QString());
+  EXPECT_EQ(DescripcionConcepto(con, 19, QStringLiteral("C1")), QString());
+  EXPECT_EQ(DescripcionConcepto(con, 22, QStringLiteral("NO")), QString());
   EXPECT_EQ(p.Sentencias(),
             QStringList({QStringLiteral("SELECT DES_CON FROM tblConceptos WHERE COD_CON='C1'"),
                          QStringLiteral("SELECT DES_CON FROM tblConceptosCom WHERE COD_CON='C2'"),
