@@ -302,9 +302,12 @@ private:
     Conexion::InstalarGrabadora(&grabadora);
     reloj.start();
     const bool hayFormato = CargarFormato(*con, f);
-    const ResultadoArchivo r =
-        hayFormato ? GenerarArchivo(*con, f, datos, [&](qint64) { sentencias.Tomar(grabadora); })
-                   : ResultadoArchivo{};
+    const ResultadoArchivo r = hayFormato ? GenerarArchivo(*con, f, datos,
+                                                           [&](qint64, qint64) {
+                                                             sentencias.Tomar(grabadora);
+                                                             return true;
+                                                           })
+                                          : ResultadoArchivo{};
     sentencias.Tomar(grabadora);
     const double segundos = Segundos(reloj);
     Conexion::InstalarGrabadora(nullptr);

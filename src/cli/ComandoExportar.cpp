@@ -1,5 +1,6 @@
 #include "cli/ComandoExportar.h"
 
+#include "cli/Progreso.h"
 #include "export/FormatoArchivo.h"
 #include "export/GenerarArchivo.h"
 #include "shell/Rutas.h"
@@ -8,75 +9,80 @@
 #include <QFileInfo>
 
 namespace cli {
-
-const char *const kUsoExportar =
-    "  exportar --empresa N --usuario U --clave P --del AAAA-MM-DD --al AAAA-MM-DD\n"
-    "           --archivo RUTA [--tipo T] [--operacion N] [--concepto C]\n"
-    "      Escribe en RUTA las pólizas del periodo con el formato de archivo de la\n"
-    "      empresa, filtradas por tipo de póliza, operación y concepto. Termina con 4\n"
-    "      si la empresa no tiene formato y con 5 si el archivo no se pudo escribir.\n";
-
 namespace {
 
-bool EsEntero(const QString &texto) {
-  bool ok = false;
-  texto.toInt(&ok);
-  return ok;
-}
-
-// What is wrong with the options, or the empty text.
-QString RevisarOpciones(const QStringList &opciones, DatosGenerarArchivo &datos) {
-  const QString empresa = Opcion(opciones, QStringLiteral("--empresa"));
-  if (empresa.isEmpty())
-    return QStringLiteral("Falta la opción --empresa con el número de la empresa.");
-  if (!EsEntero(empresa))
-    return QStringLiteral("El número de empresa no es válido: «%1».").arg(empresa);
-  if (Opcion(opciones, QStringLiteral("--usuario")).isEmpty())
-    return QStringLiteral("Falta la opción --usuario con la clave del usuario.");
-  if (!opciones.contains(QStringLiteral("--clave")))
-    return QStringLiteral("Falta la opción --clave con la contraseña del usuario.");
-  QString error;
-  if (!FechaOpcion(opciones, QStringLiteral("--del"), true, datos.fechaIni, error) ||
-      !FechaOpcion(opciones, QStringLiteral("--al"), true, datos.fechaFin, error))
-    return error;
-  datos.archivo = Opcion(opciones, QStringLiteral("--archivo"));
-  if (datos.archivo.isEmpty())
-    return QStringLiteral("Falta la opción --archivo con la ruta del archivo a generar.");
-  datos.tipo = Opcion(opciones, QStringLiteral("--tipo"));
-  datos.operacion = Opcion(opciones, QStringLiteral("--operacion"));
-  datos.concepto = Opcion(opciones, QStringLiteral("--concepto"));
-  if (!datos.operacion.isEmpty() && !EsEntero(datos.operacion))
-    return QStringLiteral("La operación debe ser un número: «%1».").arg(datos.operacion);
-  // The filters go into the statement between apostrophes, as the screen's do; the
-  // screen refuses the apostrophe as it is typed.
-  for (const QString &filtro : {datos.tipo, datos.concepto})
-    if (filtro.contains(QLatin1Char('\'')))
-      return QStringLiteral("Los filtros no pueden llevar apóstrofos: «%1».").arg(filtro);
-  return {};
-}
-
-} // namespace
-
-int Exportar(const Argumentos &a, QTextStream &out) {
+int Exportar(const Leidas &o, Contexto &ctx) {
   DatosGenerarArchivo datos;
-  const QString error = RevisarOpciones(a.opciones, datos);
-  if (!error.isEmpty()) {
-    out << error << "\n\nUso:\n" << kUsoExportar;
+  datos.fechaIni = o.Fecha(QStringLiteral("del"));
+  datos.fechaFin = o.Fecha(QStringLiteral("al"));
+  datos.archivo = o.Texto(QStringLiteral("archivo"));
+  datos.tipo = o.Texto(QStringLiteral("tipo"));
+  datos.operacion = o.Texto(QStringLiteral("operacion"));
+  datos.concepto = o.Texto(QStringLiteral("concepto"));
+  // The screen refuses the apostrophe as it is typed; so does its command.
+  if (datos.concepto.contains(QLatin1Char('\''))) {
+    ctx.err << "La opción --concepto no puede llevar apóstrofos: «" << datos.concepto << "».\n";
     return kSalidaUso;
   }
   SesionCli sesion;
-  const int entrada = IniciarSesion(a.opciones, sesion);
+  const int entrada = IniciarSesion(o, sesion);
   if (entrada != kSalidaBien)
     return entrada;
   FormatoArchivo formato;
   if (!CargarFormato(*sesion.empresa, formato))
     return kSalidaSinFormato;
-  const ResultadoArchivo resultado = GenerarArchivo(*sesion.empresa, formato, datos);
+  LineaAvance linea(ctx.err, ctx.progreso);
+  const ResultadoArchivo resultado =
+      GenerarArchivo(*sesion.empresa, formato, datos, [&linea](qint64 lineas, qint64 polizas) {
+        linea.Mostrar(QStringLiteral("Pólizas %1 · líneas escritas %2").arg(polizas).arg(lineas));
+        return true;
+      });
+  linea.Borrar();
   if (!resultado.completo)
     return kSalidaArchivo;
-  out << "  Archivo: " << QFileInfo(RutaNativa(datos.archivo)).absoluteFilePath() << "\n";
-  out << "  Líneas:  " << resultado.lineas << "\n";
+  const QString archivo = QFileInfo(RutaNativa(datos.archivo)).absoluteFilePath();
+  if (ctx.json) {
+    ctx.objeto.insert(QStringLiteral("archivo"), archivo);
+    ctx.objeto.insert(QStringLiteral("lineas"), resultado.lineas);
+    return kSalidaBien;
+  }
+  ctx.out << "  Archivo: " << archivo << "\n";
+  ctx.out << "  Líneas:  " << resultado.lineas << "\n";
   return kSalidaBien;
+}
+
+} // namespace
+
+ComandoCli ComandoExportar() {
+  ComandoCli c;
+  c.nombre = QStringLiteral("exportar");
+  c.resumen =
+      QStringLiteral("Escribe las pólizas de un período en un archivo, con el formato de la "
+                     "empresa.");
+  c.descripcion = QStringLiteral(
+      "Escribe en RUTA las pólizas del período con el formato de archivo de la empresa\n"
+      "(CONTPAQ o el del usuario), filtradas por tipo de póliza, operación y concepto.\n"
+      "Termina con 4 si la empresa no tiene formato y con 5 si el archivo no se pudo\n"
+      "escribir completo.\n");
+  c.opciones = {OpcionEmpresa(true)};
+  c.opciones += OpcionesEntrada();
+  c.opciones +=
+      QList<OpcionCli>{{QStringLiteral("del"), Valor::Fecha, QStringLiteral("AAAA-MM-DD"),
+                        QStringLiteral("primer día del período"), true},
+                       {QStringLiteral("al"), Valor::Fecha, QStringLiteral("AAAA-MM-DD"),
+                        QStringLiteral("último día del período"), true},
+                       {QStringLiteral("archivo"), Valor::Texto, QStringLiteral("RUTA"),
+                        QStringLiteral("archivo a escribir"), true},
+                       {QStringLiteral("tipo"), Valor::TipoPoliza, QStringLiteral("T"),
+                        QStringLiteral("sólo pólizas de este tipo (I, E, D, O, S)"), false},
+                       {QStringLiteral("operacion"), Valor::Entero, QStringLiteral("N"),
+                        QStringLiteral("sólo pólizas de esta operación"), false},
+                       {QStringLiteral("concepto"), Valor::Texto, QStringLiteral("C"),
+                        QStringLiteral("sólo pólizas de este concepto"), false},
+                       OpcionJson()};
+  c.opciones += OpcionesProgreso();
+  c.correr = Exportar;
+  return c;
 }
 
 } // namespace cli

@@ -1,56 +1,44 @@
 #include "cli/ComandoGenerar.h"
 
+#include "cli/Progreso.h"
 #include "journal/Arbol.h"
 #include "journal/Corrida.h"
 #include "journal/Documentos.h"
 #include "journal/Generacion.h"
 #include "shell/CatalogoMensajes.h"
-#include "shell/Plataforma.h"
 #include "shell/Rutas.h"
 #include "shell/Sesion.h"
 
 #include <QFileInfo>
+#include <QJsonObject>
 
 namespace cli {
+namespace {
 
-int Generar(const Argumentos &a, QTextStream &out, QTextStream &err) {
-  const QStringList &o = a.opciones;
+int Generar(const Leidas &o, Contexto &ctx) {
   OpcionesGeneracion op;
-  QString error;
-  if (!FechaOpcion(o, QStringLiteral("--del"), true, op.Del, error) ||
-      !FechaOpcion(o, QStringLiteral("--al"), true, op.Al, error) ||
-      !FechaOpcion(o, QStringLiteral("--fecha"), false, op.FechaDefinida, error)) {
-    err << error << "\n";
-    return kSalidaUso;
-  }
+  op.Del = o.Fecha(QStringLiteral("del"));
+  op.Al = o.Fecha(QStringLiteral("al"));
   if (op.Al < op.Del)
     op.Al = op.Del; // the last date snaps to the first, as on the screen
-  std::vector<int> operaciones;
-  const QString lista = Opcion(o, QStringLiteral("--operaciones"));
-  for (const QString &parte : lista.split(QLatin1Char(','), Qt::SkipEmptyParts)) {
-    bool ok = false;
-    operaciones.push_back(parte.trimmed().toInt(&ok));
-    if (!ok) {
-      err << "La operación «" << parte << "» no es un número.\n";
-      return kSalidaUso;
-    }
-  }
+  const QList<int> operaciones = o.Enteros(QStringLiteral("operaciones"));
 
   SesionCli sesion;
   const int entrada = IniciarSesion(o, sesion);
   if (entrada != kSalidaBien)
     return entrada;
 
+  op.FechaDefinida = o.Fecha(QStringLiteral("fecha"));
   op.DefinirFecha = op.FechaDefinida.isValid();
   if (!op.DefinirFecha)
     op.FechaDefinida = Hoy();
-  op.Actualizar = Bandera(o, QStringLiteral("--actualizar"));
-  op.Resumen = Opcion(o, QStringLiteral("--bitacora"));
+  op.Actualizar = o.Hay(QStringLiteral("actualizar"));
+  op.Resumen = o.Texto(QStringLiteral("bitacora"));
   if (op.Resumen.isEmpty())
     op.Resumen = Bitacora::NombreBitacora(gNumEmp, op.FechaDefinida);
-  if (QFileInfo::exists(RutaNativa(op.Resumen)) && !Bandera(o, QStringLiteral("--agregar"))) {
-    err << CatalogoMensajes::Texto(5510) << " " << op.Resumen
-        << "\nUse --agregar para añadir la corrida al final del archivo.\n";
+  if (QFileInfo::exists(RutaNativa(op.Resumen)) && !o.Hay(QStringLiteral("agregar"))) {
+    ctx.err << CatalogoMensajes::Texto(5510) << " " << op.Resumen
+            << "\nUse --agregar para añadir la corrida al final del archivo.\n";
     return kSalidaBitacoraExiste;
   }
 
@@ -59,33 +47,84 @@ int Generar(const Argumentos &a, QTextStream &out, QTextStream &err) {
   CargarOperaciones(corrida);
   ArbolOperaciones arbol;
   arbol.CargarArbol(*corrida.Conexion);
-  if (operaciones.empty()) {
+  if (operaciones.isEmpty()) {
     arbol.MarcarTodo();
-  } else if (!arbol.MarcarOperaciones(operaciones)) {
-    err << "Alguna de las operaciones " << lista
-        << " no tiene reglas de pólizas con renglones; se generan las demás.\n";
+  } else if (!arbol.MarcarOperaciones({operaciones.begin(), operaciones.end()})) {
+    ctx.err << "Alguna de las operaciones " << o.Texto(QStringLiteral("operaciones"))
+            << " no tiene reglas de pólizas con renglones; se generan las demás.\n";
   }
 
   Generador generador(corrida, op);
-  if (ErrorEsTerminal()) {
-    generador.avance = [&err](const AvanceGeneracion &av) {
-      err << "\rRegla " << av.regla << " de " << av.reglas << ": " << av.descripcion.left(40)
-          << "  documentos " << av.documento << "/" << av.documentos << "\x1b[K";
-      err.flush();
-    };
-  }
+  LineaAvance linea(ctx.err, ctx.progreso);
+  generador.avance = [&linea](const AvanceGeneracion &av) {
+    linea.Mostrar(QStringLiteral("Regla %1 de %2 · documentos %3 de %4 · pólizas %5")
+                      .arg(av.regla)
+                      .arg(av.reglas)
+                      .arg(av.documento)
+                      .arg(av.documentos)
+                      .arg(av.polizas));
+  };
   const ResultadoGeneracion r = generador.GenerarPolizas(arbol);
-  if (ErrorEsTerminal())
-    err << "\r\x1b[K";
+  linea.Borrar();
   if (!r.candado.isEmpty())
     return kSalidaGeneracionEnCurso;
-  if (!r.corrio) {
-    out << "No hay operaciones marcadas con reglas de pólizas: no se generó nada.\n";
+  const QString bitacora =
+      r.corrio ? QFileInfo(RutaNativa(r.bitacora)).absoluteFilePath() : QString();
+  if (ctx.json) {
+    ctx.objeto.insert(QStringLiteral("empresa"), gNumEmp);
+    ctx.objeto.insert(QStringLiteral("del"), op.Del.toString(Qt::ISODate));
+    ctx.objeto.insert(QStringLiteral("al"), op.Al.toString(Qt::ISODate));
+    ctx.objeto.insert(QStringLiteral("bitacora"), bitacora);
+    ctx.objeto.insert(QStringLiteral("polizasGrabadas"), r.polizas);
     return kSalidaBien;
   }
-  out << "Bitácora: " << QFileInfo(RutaNativa(r.bitacora)).absoluteFilePath() << "\n";
-  out << "Pólizas grabadas: " << r.polizas << "\n";
+  if (!r.corrio) {
+    ctx.out << "No hay operaciones marcadas con reglas de pólizas: no se generó nada.\n";
+    return kSalidaBien;
+  }
+  ctx.out << "Bitácora: " << bitacora << "\n";
+  ctx.out << "Pólizas grabadas: " << r.polizas << "\n";
   return kSalidaBien;
+}
+
+} // namespace
+
+ComandoCli ComandoGenerar() {
+  ComandoCli c;
+  c.nombre = QStringLiteral("generar");
+  c.resumen = QStringLiteral("Genera las pólizas de un período, como la pantalla Generar Pólizas.");
+  c.descripcion = QStringLiteral(
+      "Genera las pólizas del período con las reglas de la empresa. Sin --operaciones\n"
+      "toma todas las operaciones que tienen reglas. Escribe la bitácora de la corrida\n"
+      "(Resumen\\Empresa<N>_<fecha>.txt, o la de --bitacora) y termina con 6 si ya existe\n"
+      "y no se dio --agregar, con 7 si otra generación de la empresa está en curso.\n");
+  c.opciones = {OpcionEmpresa(false)};
+  c.opciones += OpcionesEntrada();
+  c.opciones +=
+      QList<OpcionCli>{{QStringLiteral("del"), Valor::Fecha, QStringLiteral("AAAA-MM-DD"),
+                        QStringLiteral("primer día del período"), true},
+                       {QStringLiteral("al"), Valor::Fecha, QStringLiteral("AAAA-MM-DD"),
+                        QStringLiteral("último día del período"), true},
+                       {QStringLiteral("operaciones"), Valor::Enteros, QStringLiteral("1,2,24"),
+                        QStringLiteral("sólo estas operaciones"), false},
+                       {QStringLiteral("actualizar"),
+                        Valor::Ninguno,
+                        {},
+                        QStringLiteral("rehace las pólizas ya contabilizadas"),
+                        false},
+                       {QStringLiteral("fecha"), Valor::Fecha, QStringLiteral("AAAA-MM-DD"),
+                        QStringLiteral("pone esta fecha a todas las pólizas"), false},
+                       {QStringLiteral("bitacora"), Valor::Texto, QStringLiteral("RUTA"),
+                        QStringLiteral("archivo de la bitácora"), false},
+                       {QStringLiteral("agregar"),
+                        Valor::Ninguno,
+                        {},
+                        QStringLiteral("añade la corrida al final de una bitácora existente"),
+                        false},
+                       OpcionJson()};
+  c.opciones += OpcionesProgreso();
+  c.correr = Generar;
+  return c;
 }
 
 } // namespace cli

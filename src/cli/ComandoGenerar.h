@@ -9,6 +9,6 @@ constexpr int kSalidaGeneracionEnCurso = 7; // another run holds the company's g
 
 // escribano-cli generar: the generation run over a period, as the generation screen
 // runs it, with the options of the screen given on the command line.
-int Generar(const Argumentos &a, QTextStream &out, QTextStream &err);
+ComandoCli ComandoGenerar();
 
 } // namespace cli

@@ -4,18 +4,28 @@
 #include "shell/ErrorFatal.h"
 #include "shell/Sesion.h"
 
-namespace cli {
+#include <QJsonArray>
+#include <QJsonObject>
 
-int MostrarPoliza(const Argumentos &a, QTextStream &out) {
-  SesionCli sesion = AbrirEmpresa(a.opciones);
+namespace cli {
+namespace {
+
+// Amounts go into JSON as their exact decimal text, never as a binary fraction.
+QJsonValue Importe(Dinero d) { return d.Texto(); }
+
+int MostrarPoliza(const Leidas &o, Contexto &ctx) {
+  SesionCli sesion = AbrirEmpresa(o);
   Conexion &con = *sesion.empresa;
-  QString tipo = Opcion(a.opciones, QStringLiteral("--tipo"));
-  QString folio = Opcion(a.opciones, QStringLiteral("--folio"));
+  QString tipo = o.Texto(QStringLiteral("tipo"));
+  QString folio = o.Texto(QStringLiteral("folio"));
   if (folio.isEmpty()) {
     Registros r = con.Abrir(QStringLiteral("SELECT FOL_POLIZA,TIP_POLIZA FROM tblPolizasEnc "
                                            "ORDER BY FEC_POLIZA,TIP_POLIZA,FOL_POLIZA;"));
     if (r.Vacio()) {
-      out << "La empresa no tiene pólizas.\n";
+      if (ctx.json)
+        ctx.objeto.insert(QStringLiteral("poliza"), QJsonValue());
+      else
+        ctx.out << "La empresa no tiene pólizas.\n";
       return kSalidaBien;
     }
     folio = r.Campo(QStringLiteral("FOL_POLIZA")).Texto();
@@ -29,26 +39,72 @@ int MostrarPoliza(const Argumentos &a, QTextStream &out) {
   const std::optional<Poliza> p = LeerPoliza(con, folio, tipo);
   if (!p)
     throw ErrorFatal(QStringLiteral("No existe la póliza %1%2.").arg(tipo, folio));
-  out << "Póliza " << p->TIP_POLIZA << p->FOL_POLIZA << " (" << NombreTipoPoliza(p->TIP_POLIZA)
-      << ") del " << p->FEC_POLIZA.toString(QStringLiteral("dd/MM/yyyy")) << ", operación "
-      << p->COD_OPER << ": " << p->CONCEP_POL << "\n";
-  out << "  " << QStringLiteral("Rubro").leftJustified(12)
-      << QStringLiteral("Cuenta").leftJustified(16) << QStringLiteral("Cargo").rightJustified(14)
-      << QStringLiteral("Abono").rightJustified(14) << "\n";
+  const std::vector<RenglonPoliza> renglones = LeerRenglones(con, p->FOL_POLIZA, p->TIP_POLIZA);
   Dinero debe, haber;
-  for (const RenglonPoliza &r : LeerRenglones(con, p->FOL_POLIZA, p->TIP_POLIZA)) {
-    const bool cargo = r.EsCargo();
-    out << "  " << (cargo ? r.RUBRO_DEBE : r.RUBRO_HABER).leftJustified(12)
-        << (cargo ? r.CUENTA_DEBE : r.CUENTA_HABER).leftJustified(16)
-        << (cargo ? r.IMP_DEBE.Formato(u"#,##0.00") : QString()).rightJustified(14)
-        << (cargo ? QString() : r.IMP_HABER.Formato(u"#,##0.00")).rightJustified(14) << "\n";
+  for (const RenglonPoliza &r : renglones) {
     debe += r.IMP_DEBE;
     haber += r.IMP_HABER;
   }
-  out << "  " << QStringLiteral("Sumas").leftJustified(28)
-      << debe.Formato(u"#,##0.00").rightJustified(14)
-      << haber.Formato(u"#,##0.00").rightJustified(14) << "\n";
+
+  if (ctx.json) {
+    QJsonArray lineas;
+    for (const RenglonPoliza &r : renglones) {
+      const bool cargo = r.EsCargo();
+      lineas.append(QJsonObject{{QStringLiteral("rubro"), cargo ? r.RUBRO_DEBE : r.RUBRO_HABER},
+                                {QStringLiteral("cuenta"), cargo ? r.CUENTA_DEBE : r.CUENTA_HABER},
+                                {QStringLiteral("cargo"), Importe(r.IMP_DEBE)},
+                                {QStringLiteral("abono"), Importe(r.IMP_HABER)}});
+    }
+    ctx.objeto.insert(QStringLiteral("poliza"),
+                      QJsonObject{{QStringLiteral("tipo"), p->TIP_POLIZA},
+                                  {QStringLiteral("folio"), p->FOL_POLIZA},
+                                  {QStringLiteral("diario"), NombreTipoPoliza(p->TIP_POLIZA)},
+                                  {QStringLiteral("fecha"), p->FEC_POLIZA.toString(Qt::ISODate)},
+                                  {QStringLiteral("operacion"), p->COD_OPER},
+                                  {QStringLiteral("concepto"), p->CONCEP_POL},
+                                  {QStringLiteral("renglones"), lineas},
+                                  {QStringLiteral("sumas"),
+                                   QJsonObject{{QStringLiteral("cargo"), Importe(debe)},
+                                               {QStringLiteral("abono"), Importe(haber)}}}});
+    return kSalidaBien;
+  }
+  ctx.out << "Póliza " << p->TIP_POLIZA << p->FOL_POLIZA << " (" << NombreTipoPoliza(p->TIP_POLIZA)
+          << ") del " << p->FEC_POLIZA.toString(QStringLiteral("dd/MM/yyyy")) << ", operación "
+          << p->COD_OPER << ": " << p->CONCEP_POL << "\n";
+  ctx.out << "  " << QStringLiteral("Rubro").leftJustified(12)
+          << QStringLiteral("Cuenta").leftJustified(16)
+          << QStringLiteral("Cargo").rightJustified(14)
+          << QStringLiteral("Abono").rightJustified(14) << "\n";
+  for (const RenglonPoliza &r : renglones) {
+    const bool cargo = r.EsCargo();
+    ctx.out << "  " << (cargo ? r.RUBRO_DEBE : r.RUBRO_HABER).leftJustified(12)
+            << (cargo ? r.CUENTA_DEBE : r.CUENTA_HABER).leftJustified(16)
+            << (cargo ? r.IMP_DEBE.Formato(u"#,##0.00") : QString()).rightJustified(14)
+            << (cargo ? QString() : r.IMP_HABER.Formato(u"#,##0.00")).rightJustified(14) << "\n";
+  }
+  ctx.out << "  " << QStringLiteral("Sumas").leftJustified(28)
+          << debe.Formato(u"#,##0.00").rightJustified(14)
+          << haber.Formato(u"#,##0.00").rightJustified(14) << "\n";
   return kSalidaBien;
+}
+
+} // namespace
+
+ComandoCli ComandoPoliza() {
+  ComandoCli c;
+  c.nombre = QStringLiteral("poliza");
+  c.resumen = QStringLiteral("Muestra una póliza con sus renglones.");
+  c.descripcion = QStringLiteral(
+      "Muestra la póliza del tipo y folio dados con sus renglones y sus sumas; sin folio,\n"
+      "la primera de la empresa por fecha.\n");
+  c.opciones = {OpcionEmpresa(false),
+                {QStringLiteral("tipo"), Valor::TipoPoliza, QStringLiteral("T"),
+                 QStringLiteral("tipo de la póliza (I, E, D, O, S)"), false},
+                {QStringLiteral("folio"), Valor::Texto, QStringLiteral("F"),
+                 QStringLiteral("folio de la póliza (12 o 00000000012)"), false},
+                OpcionJson()};
+  c.correr = MostrarPoliza;
+  return c;
 }
 
 } // namespace cli

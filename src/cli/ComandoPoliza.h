@@ -6,6 +6,6 @@ namespace cli {
 
 // escribano-cli poliza: shows a journal entry with its lines (the first one of the
 // company when no folio is given).
-int MostrarPoliza(const Argumentos &a, QTextStream &out);
+ComandoCli ComandoPoliza();
 
 } // namespace cli

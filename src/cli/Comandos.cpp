@@ -6,72 +6,75 @@
 #include "db/EmpresaDemo.h"
 #include "shell/CargaEmpresa.h"
 #include "shell/CatalogoMensajes.h"
-#include "shell/Encriptacion.h"
-#include "shell/Entrada.h"
 #include "shell/ErrorFatal.h"
+#include "shell/Plataforma.h"
 #include "shell/Rutas.h"
 #include "shell/ServicioConexion.h"
-#include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
 
 #include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 namespace cli {
 namespace {
-
-const char *const kUso =
-    "Uso: escribano-cli [--ruta CARPETA] COMANDO [opciones]\n"
-    "\n"
-    "Comandos:\n"
-    "  demo [--clave CLAVE] [--reconstruir]\n"
-    "      Crea en CARPETA una instalación de demostración: Nimbar.mdb con una empresa,\n"
-    "      Referencia.mdb, Nimbar.ini, las carpetas del programa y la base de la empresa\n"
-    "      con catálogos, reglas de pólizas y un mes de documentos.\n"
-    "  resumen [--empresa N]\n"
-    "      Carga la empresa (la última usada si no se indica) y muestra sus datos de\n"
-    "      sesión y cuántas filas tienen las tablas de pólizas.\n"
-    "  generar --usuario U --clave P --del AAAA-MM-DD --al AAAA-MM-DD [--empresa N]\n"
-    "          [--operaciones 1,2,24] [--actualizar] [--fecha AAAA-MM-DD]\n"
-    "          [--bitacora RUTA] [--agregar]\n"
-    "      Genera las pólizas del período. Sin --operaciones toma todas las que tienen\n"
-    "      reglas; --fecha pone esa fecha a todas las pólizas; --actualizar rehace las\n"
-    "      ya contabilizadas; --agregar añade la corrida a una bitácora existente.\n"
-    "  poliza [--empresa N] [--tipo T --folio F]\n"
-    "      Muestra una póliza con sus renglones; sin folio, la primera de la empresa.\n";
-const char *const kUsoFinal =
-    "\n"
-    "CARPETA es la carpeta del programa (Nimbar.mdb, Nimbar.ini); por omisión la variable\n"
-    "ESCRIBANO_RUTA o la carpeta del ejecutable.\n"
-    "Salida: 0 bien, 1 uso, 2 error fatal, 3 usuario rechazado, 4 sin formato de archivo,\n"
-    "5 archivo no escrito, 6 bitácora existente sin --agregar, 7 otra generación en curso.\n";
 
 // The tables that generation leaves behind, in the order a bookkeeper reads them.
 const char *const kTablasPolizas[] = {"tblPolizasEnc", "tblPolizasRen", "tblMovimxPoliza",
                                       "tblBitacoraPolizas"};
 
-} // namespace
-
-int Demo(const Argumentos &a, QTextStream &out) {
+int Demo(const Leidas &o, Contexto &ctx) {
   demo::OpcionesDemo op;
   op.ruta = gRutaApp;
-  op.clave = Opcion(a.opciones, QStringLiteral("--clave"));
-  op.reconstruir = Bandera(a.opciones, QStringLiteral("--reconstruir"));
+  op.clave = o.Texto(QStringLiteral("clave"));
+  op.reconstruir = o.Hay(QStringLiteral("reconstruir"));
   const demo::ResultadoDemo r = demo::CrearDemo(op);
   const QDate mes = demo::MesDemo();
-  out << "Instalación de demostración creada en " << QFileInfo(gRutaApp).absoluteFilePath() << "\n";
-  out << "  Empresa 1, conexión " << r.conexion << "\n";
-  out << "  Documentos de " << mes.toString(QStringLiteral("MM/yyyy")) << "\n";
-  out << "  Usuario ADMIN, clave " << r.clave << "\n";
+  ctx.out << "Instalación de demostración creada en " << QFileInfo(gRutaApp).absoluteFilePath()
+          << "\n";
+  ctx.out << "  Empresa 1, conexión " << r.conexion << "\n";
+  ctx.out << "  Documentos de " << mes.toString(QStringLiteral("MM/yyyy")) << "\n";
+  // A password given is never repeated; one made up here is the only way to learn it.
+  if (op.clave.isEmpty())
+    ctx.out << "  Usuario ADMIN, clave generada " << r.clave << "\n";
+  else
+    ctx.out << "  Usuario ADMIN, con la clave dada\n";
   return kSalidaBien;
 }
 
-int Resumen(const Argumentos &a, QTextStream &out) {
-  SesionCli sesion = AbrirEmpresa(a.opciones);
+int Resumen(const Leidas &o, Contexto &ctx) {
+  SesionCli sesion = AbrirEmpresa(o);
   CargarEmpresa(*sesion.general, *sesion.empresa, gNumEmp);
   Conexion *con = sesion.empresa.get();
-
+  const std::pair<const char *, QString> datos[] = {{"conexion", OcultarClaves(gConexion)},
+                                                    {"motor", QString::number(gMotor)},
+                                                    {"baseDeDatos", gNombreBD},
+                                                    {"sucursal", gCodSucu},
+                                                    {"telefono", gEmpresa.Telefono},
+                                                    {"domicilio", gEmpresa.Direccion},
+                                                    {"ciudad", gEmpresa.CiudadEstado},
+                                                    {"expedicion", gEmpresa.DireccionExpedicion},
+                                                    {"cuentasPorCobrar", gConxCxC},
+                                                    {"edicion", QString::number(gEdicion)}};
+  QJsonObject tablas;
+  for (const char *tabla : kTablasPolizas) {
+    Registros c =
+        con->Abrir(QStringLiteral("SELECT COUNT(*) AS N FROM %1;").arg(QLatin1String(tabla)));
+    tablas.insert(QLatin1String(tabla), c.Campo(QStringLiteral("N")).Entero());
+  }
+  if (ctx.json) {
+    ctx.objeto.insert(QStringLiteral("empresa"), gNumEmp);
+    ctx.objeto.insert(QStringLiteral("nombreComercial"), gNomCom);
+    ctx.objeto.insert(QStringLiteral("razonSocial"), gNomEmp);
+    for (const auto &[clave, valor] : datos)
+      ctx.objeto.insert(QLatin1String(clave), valor);
+    ctx.objeto.insert(QStringLiteral("motorCuentasPorCobrar"), gMotorCxC);
+    ctx.objeto.insert(QStringLiteral("tablas"), tablas);
+    return kSalidaBien;
+  }
+  QTextStream &out = ctx.out;
   out << "Empresa " << gNumEmp << ": " << gNomCom << " (" << gNomEmp << ")\n";
-  out << "  Conexión:        " << OcultarClaves(gConexion) << "\n";
+  out << "  Conexión:        " << datos[0].second << "\n";
   out << "  Motor:           " << gMotor << "\n";
   out << "  Base de datos:   " << gNombreBD << "\n";
   out << "  Sucursal:        " << gCodSucu << "\n";
@@ -82,31 +85,159 @@ int Resumen(const Argumentos &a, QTextStream &out) {
   out << "  Cuentas x cobrar: " << gConxCxC << " (motor " << gMotorCxC << ")\n";
   out << "  Edición:         " << gEdicion << "\n";
   out << "Tablas de pólizas:\n";
-  for (const char *tabla : kTablasPolizas) {
-    Registros c =
-        con->Abrir(QStringLiteral("SELECT COUNT(*) AS N FROM %1;").arg(QLatin1String(tabla)));
+  for (const char *tabla : kTablasPolizas)
     out << "  " << QString::fromLatin1(tabla).leftJustified(20) << " "
-        << c.Campo(QStringLiteral("N")).Entero() << "\n";
-  }
+        << tablas.value(QLatin1String(tabla)).toInteger() << "\n";
   return kSalidaBien;
+}
+
+ComandoCli ComandoDemo() {
+  ComandoCli c;
+  c.nombre = QStringLiteral("demo");
+  c.resumen = QStringLiteral("Crea una instalación de demostración con una empresa.");
+  c.descripcion = QStringLiteral(
+      "Crea en CARPETA una instalación de demostración: Nimbar.mdb con una empresa,\n"
+      "Referencia.mdb, Nimbar.ini, las carpetas del programa y la base de la empresa\n"
+      "con catálogos, reglas de pólizas y un mes de documentos. Sin contraseña para\n"
+      "ADMIN se genera una y se muestra.\n");
+  c.opciones = {{QStringLiteral("clave"), Valor::Clave, QStringLiteral("P"),
+                 QStringLiteral("contraseña de ADMIN; «-» la lee de la entrada, sin ella "
+                                "ESCRIBANO_CLAVE"),
+                 false},
+                {QStringLiteral("reconstruir"),
+                 Valor::Ninguno,
+                 {},
+                 QStringLiteral("borra y vuelve a crear la base de la empresa"),
+                 false}};
+  c.correr = Demo;
+  return c;
+}
+
+ComandoCli ComandoResumen() {
+  ComandoCli c;
+  c.nombre = QStringLiteral("resumen");
+  c.resumen = QStringLiteral("Muestra los datos de sesión de una empresa y sus tablas de pólizas.");
+  c.descripcion = QStringLiteral(
+      "Carga la empresa como al entrar al programa y muestra sus datos de sesión (la\n"
+      "conexión con la contraseña tapada) y cuántas filas tienen las tablas de pólizas.\n");
+  c.opciones = {OpcionEmpresa(false), OpcionJson()};
+  c.correr = Resumen;
+  return c;
+}
+
+// The options that come before the command.
+ComandoCli OpcionesGenerales() {
+  ComandoCli c;
+  c.opciones = {{QStringLiteral("ruta"), Valor::Texto, QStringLiteral("CARPETA"),
+                 QStringLiteral("carpeta del programa"), false},
+                {QStringLiteral("ayuda"), Valor::Ninguno, {}, QStringLiteral("esta ayuda"), false},
+                {QStringLiteral("help"), Valor::Ninguno, {}, QStringLiteral("esta ayuda"), false},
+                {QStringLiteral("version"),
+                 Valor::Ninguno,
+                 {},
+                 QStringLiteral("la versión del programa"),
+                 false}};
+  return c;
+}
+
+const char *const kSalidas =
+    "Salida:\n"
+    "  0  bien\n"
+    "  1  uso: comando u opción desconocidos, repetidos, sin valor o con un valor de otra\n"
+    "     clase, o un argumento de más\n"
+    "  2  error fatal: el mensaje y la sentencia van a la salida de errores\n"
+    "  3  usuario desconocido o bloqueado, o contraseña incorrecta\n"
+    "  4  la empresa no tiene formato de archivo\n"
+    "  5  el archivo no se pudo escribir completo\n"
+    "  6  la bitácora ya existe y no se dio --agregar\n"
+    "  7  otra generación de la empresa está en curso\n";
+
+} // namespace
+
+const QList<ComandoCli> &TodosLosComandos() {
+  static const QList<ComandoCli> comandos = {ComandoDemo(), ComandoResumen(), ComandoGenerar(),
+                                             ComandoPoliza(), ComandoExportar()};
+  return comandos;
+}
+
+QString AyudaGeneral() {
+  QString texto = QStringLiteral("Uso: escribano-cli [--ruta CARPETA] COMANDO [opciones]\n"
+                                 "     escribano-cli COMANDO --ayuda\n"
+                                 "     escribano-cli --version\n"
+                                 "\n"
+                                 "Comandos:\n");
+  for (const ComandoCli &c : TodosLosComandos())
+    texto += QStringLiteral("  ") + c.nombre.leftJustified(10) + c.resumen + QLatin1Char('\n');
+  texto += QStringLiteral(
+      "\n"
+      "CARPETA es la carpeta del programa (Nimbar.mdb, Nimbar.ini); por omisión la variable\n"
+      "ESCRIBANO_RUTA o la carpeta del ejecutable. Una contraseña se da con --clave P, con\n"
+      "--clave - (una línea de la entrada estándar, sin eco en una terminal) o en la\n"
+      "variable ESCRIBANO_CLAVE; nunca se muestra ni se escribe en la bitácora.\n"
+      "\n");
+  return texto + QLatin1String(kSalidas);
 }
 
 int Ejecutar(const QStringList &args, const QString &rutaEjecutable, QTextStream &out,
              QTextStream &err) {
-  Argumentos a;
+  // What comes before the command: --ruta and its value, --ayuda, --version.
+  qsizetype inicio = 0;
+  while (inicio < args.size() && args[inicio].startsWith(QLatin1Char('-')))
+    inicio += args[inicio] == QStringLiteral("--ruta") ? 2 : 1;
+  inicio = std::min(inicio, args.size());
+  const ComandoCli generales = OpcionesGenerales();
+  Leidas global;
   QString error;
-  if (!Analizar(args, a, error)) {
-    err << error << "\n\n" << kUso << kUsoExportar << kUsoFinal;
+  if (!global.Leer(generales, args.mid(0, inicio), error)) {
+    err << error << "\n\n" << AyudaGeneral();
     return kSalidaUso;
   }
-  if (a.comando == QStringLiteral("ayuda")) {
-    out << kUso << kUsoExportar << kUsoFinal;
+  if (global.Hay(QStringLiteral("version"))) {
+    out << "escribano-cli " << ESCRIBANO_VERSION << "\n";
     return kSalidaBien;
   }
-  if (!a.ruta.isEmpty())
-    qputenv("ESCRIBANO_RUTA", a.ruta.toLocal8Bit());
+  if (global.Hay(QStringLiteral("ayuda")) || global.Hay(QStringLiteral("help"))) {
+    out << AyudaGeneral();
+    return kSalidaBien;
+  }
+  if (inicio >= args.size()) {
+    err << "Falta el comando.\n\n" << AyudaGeneral();
+    return kSalidaUso;
+  }
+  const QString nombre = args[inicio];
+  const QStringList resto = args.mid(inicio + 1);
+  const auto &comandos = TodosLosComandos();
+  const auto comando = std::find_if(comandos.begin(), comandos.end(),
+                                    [&](const ComandoCli &c) { return c.nombre == nombre; });
+  if (comando == comandos.end()) {
+    err << "El comando «" << nombre << "» no existe.\n\n" << AyudaGeneral();
+    return kSalidaUso;
+  }
+  if (resto.contains(QStringLiteral("--ayuda")) || resto.contains(QStringLiteral("--help"))) {
+    out << comando->Ayuda();
+    return kSalidaBien;
+  }
+  const auto uso = [&](const QString &motivo) {
+    err << motivo << "\n\nUso: " << comando->Sinopsis() << "Más detalle: escribano-cli " << nombre
+        << " --ayuda\n";
+    return kSalidaUso;
+  };
+  Leidas opciones;
+  if (!opciones.Leer(*comando, resto, error))
+    return uso(error);
+  if (opciones.Hay(QStringLiteral("progreso")) && opciones.Hay(QStringLiteral("sin-progreso")))
+    return uso(QStringLiteral("Las opciones --progreso y --sin-progreso se excluyen."));
+  if (!opciones.LeerClaves(*comando, error))
+    return uso(error);
+
+  Contexto ctx{out, err, false, false, {}};
+  ctx.json = opciones.Hay(QStringLiteral("json"));
+  ctx.progreso = opciones.Hay(QStringLiteral("progreso")) ||
+                 (!opciones.Hay(QStringLiteral("sin-progreso")) && ErrorEsTerminal());
+  if (global.Hay(QStringLiteral("ruta")))
+    qputenv("ESCRIBANO_RUTA", global.Texto(QStringLiteral("ruta")).toLocal8Bit());
   // Messages go to the terminal unless a caller (a test) installed its own presenter.
-  PresentadorCli presentador(out, err);
+  PresentadorCli presentador(ctx);
   const bool propio = !CatalogoMensajes::HayPresentadorInstalado();
   if (propio)
     CatalogoMensajes::Instalar(&presentador);
@@ -119,18 +250,13 @@ int Ejecutar(const QStringList &args, const QString &rutaEjecutable, QTextStream
   } restaurar{propio};
   try {
     IniciarRutas(rutaEjecutable);
-    if (a.comando == QStringLiteral("demo"))
-      return Demo(a, out);
-    if (a.comando == QStringLiteral("resumen"))
-      return Resumen(a, out);
-    if (a.comando == QStringLiteral("generar"))
-      return Generar(a, out, err);
-    if (a.comando == QStringLiteral("exportar"))
-      return Exportar(a, out);
-    if (a.comando == QStringLiteral("poliza"))
-      return MostrarPoliza(a, out);
-    err << "Comando desconocido: " << a.comando << "\n\n" << kUso << kUsoExportar << kUsoFinal;
-    return kSalidaUso;
+    const int codigo = comando->correr(opciones, ctx);
+    if (ctx.json) {
+      ctx.objeto.insert(QStringLiteral("comando"), nombre);
+      ctx.objeto.insert(QStringLiteral("salida"), codigo);
+      out << QString::fromUtf8(QJsonDocument(ctx.objeto).toJson(QJsonDocument::Indented));
+    }
+    return codigo;
   } catch (const ErrorFatal &e) {
     out.flush();
     err << CatalogoMensajes::Texto(100) << ": " << e.Mensaje() << "\n";

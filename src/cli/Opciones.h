@@ -4,11 +4,15 @@
 #include "shell/ServicioConexion.h"
 
 #include <QDate>
+#include <QHash>
+#include <QJsonObject>
+#include <QList>
 #include <QStringList>
 #include <QTextStream>
+#include <functional>
 
-// What every command of the command line shares: exit codes, its options, the terminal's
-// messages, and the session it opens.
+// What every command of the command line shares: exit codes, the declaration of its
+// options and what is read from them, the terminal's messages, and the session it opens.
 namespace cli {
 
 constexpr int kSalidaBien = 0;
@@ -16,33 +20,90 @@ constexpr int kSalidaUso = 1;
 constexpr int kSalidaFatal = 2;
 constexpr int kSalidaEntrada = 3; // user unknown, barred or wrong password
 
-struct Argumentos {
-  QString comando;
-  QStringList opciones; // what follows the command
-  QString ruta;         // --ruta, the program's folder
+// The kind of value an option takes; the parser refuses a value of another kind.
+enum class Valor {
+  Ninguno,    // a switch
+  Texto,      // any text
+  Entero,     // a whole number
+  Enteros,    // whole numbers separated by commas
+  Fecha,      // a real date AAAA-MM-DD
+  Mes,        // a month AAAA-MM
+  TipoPoliza, // I, E, D, O or S
+  Clave,      // a password: the value, "-" for a line of standard input, or the variable
+              // ESCRIBANO_<NAME> when the option is absent
 };
 
-// Splits "--ruta DIR comando ..."; false with a message for a command line of no known form.
-bool Analizar(const QStringList &args, Argumentos &salida, QString &error);
+struct OpcionCli {
+  QString nombre; // without the dashes
+  Valor valor = Valor::Ninguno;
+  QString muestra; // what stands for the value in the usage ("AAAA-MM-DD", "N")
+  QString ayuda;   // one line
+  bool requerida = false;
+};
 
-// The value of "--nombre valor" among the options; empty when absent.
-QString Opcion(const QStringList &opciones, const QString &nombre);
-bool Bandera(const QStringList &opciones, const QString &nombre);
-// A date option in the form AAAA-MM-DD; false with a message when it is malformed, or
-// absent and required.
-bool FechaOpcion(const QStringList &opciones, const QString &nombre, bool requerida, QDate &fecha,
-                 QString &error);
+struct Contexto;
+class Leidas;
 
-// Shows the catalogue's messages on the terminal: information on standard output,
-// warnings and errors on standard error; questions take the given answer.
+// A command: its name, what it does, its options; the usage, the checks and the help
+// all come from here.
+struct ComandoCli {
+  QString nombre;
+  QString resumen;     // one line, for the list of commands
+  QString descripcion; // what --ayuda adds, lines of at most 80 characters
+  QList<OpcionCli> opciones;
+  std::function<int(const Leidas &, Contexto &)> correr;
+
+  // "escribano-cli [--ruta CARPETA] nombre --a A [--b B]..."
+  QString Sinopsis() const;
+  // The synopsis, the description and one line for each option.
+  QString Ayuda() const;
+};
+
+// The options given to a command, already checked against its declaration.
+class Leidas {
+public:
+  bool Hay(const QString &nombre) const { return valores_.contains(nombre); }
+  QString Texto(const QString &nombre) const { return valores_.value(nombre); }
+  int Entero(const QString &nombre) const { return valores_.value(nombre).toInt(); }
+  QList<int> Enteros(const QString &nombre) const;
+  QDate Fecha(const QString &nombre) const;
+  QDate Mes(const QString &nombre) const; // the first day of the month
+
+  // Checks args against the command's options; false with a line naming the option and
+  // the value. Passwords are not read yet: nothing is opened before all is accepted.
+  bool Leer(const ComandoCli &comando, const QStringList &args, QString &error);
+  // Reads the passwords given as "-" from standard input (one line, without echo on a
+  // terminal) and the absent ones from their variables; false with a line when a
+  // required one is missing.
+  bool LeerClaves(const ComandoCli &comando, QString &error);
+
+private:
+  QHash<QString, QString> valores_;
+};
+
+// The variable that gives a password option when it is absent: ESCRIBANO_CLAVE for
+// --clave, ESCRIBANO_CLAVE_BD for --clave-bd.
+QString VariableDeClave(const QString &opcion);
+
+// Where a command writes: its text or its JSON object, the progress line, the messages.
+struct Contexto {
+  QTextStream &out;
+  QTextStream &err;
+  bool json = false;
+  bool progreso = false; // a progress line on standard error
+  QJsonObject objeto;    // what --json prints at the end
+};
+
+// Shows the catalogue's messages on the terminal: information on standard output (into
+// the JSON object's "mensajes" under --json), warnings and errors on standard error;
+// questions take the given answer.
 class PresentadorCli : public PresentadorMensajes {
 public:
-  PresentadorCli(QTextStream &out, QTextStream &err) : out_(out), err_(err) {}
+  explicit PresentadorCli(Contexto &ctx) : ctx_(ctx) {}
   RespuestaMensaje Presentar(const Mensaje &mensaje) override;
 
 private:
-  QTextStream &out_;
-  QTextStream &err_;
+  Contexto &ctx_;
 };
 
 // The two connections of a session opened from the command line.
@@ -53,9 +114,16 @@ struct SesionCli {
 
 // Opens the general database and the company of --empresa (the last one used, or the
 // first of the list), as the login's company selection does.
-SesionCli AbrirEmpresa(const QStringList &opciones);
+SesionCli AbrirEmpresa(const Leidas &opciones);
 // AbrirEmpresa, then the login's acceptance with --usuario and --clave. Returns
 // kSalidaBien, or kSalidaEntrada when the user is refused (the message is shown).
-int IniciarSesion(const QStringList &opciones, SesionCli &sesion);
+int IniciarSesion(const Leidas &opciones, SesionCli &sesion);
+
+// The options of a session: --empresa N, and with the login --usuario U, --clave P.
+OpcionCli OpcionEmpresa(bool requerida);
+QList<OpcionCli> OpcionesEntrada();
+// --json, --progreso, --sin-progreso.
+OpcionCli OpcionJson();
+QList<OpcionCli> OpcionesProgreso();
 
 } // namespace cli

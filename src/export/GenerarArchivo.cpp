@@ -262,7 +262,17 @@ ResultadoArchivo GenerarArchivo(Conexion &con, FormatoArchivo &f, const DatosGen
     return escrito;
   };
   RenglonEnCurso enCurso;
+  qint64 polizas = 0;
+  QString folio;
+  const qsizetype columnaFolio = rs.Fin() ? -1 : rs.Indice(QStringLiteral("FOL_POLIZA"));
   for (; !rs.Fin(); rs.Siguiente()) {
+    if (avance) {
+      const QString actual = rs.Campo(columnaFolio).Texto();
+      if (polizas == 0 || actual != folio) {
+        ++polizas;
+        folio = actual;
+      }
+    }
     try {
       const QString texto = ArmarRenglon(con, f, rs, enCurso);
       AnexarWindows1252(bloque, texto);
@@ -278,8 +288,17 @@ ResultadoArchivo GenerarArchivo(Conexion &con, FormatoArchivo &f, const DatosGen
       vaciar();
       return fallar({kErrorSentencia, e.Mensaje()});
     }
-    if (avance)
-      avance(resultado.lineas + lineasBloque);
+    if (avance && !avance(resultado.lineas + lineasBloque, polizas)) {
+      // Stopped by the user: what was written goes, and no file is left.
+      archivo.close();
+      archivo.remove();
+      resultado.lineas = 0;
+      resultado.detenida = true;
+      CatalogoMensajes::MostrarTexto(
+          QStringLiteral("Exportación detenida: no se escribió el archivo %1.").arg(d.archivo),
+          IconoMensaje::Advertencia);
+      return resultado;
+    }
   }
   if (!vaciar())
     return fallar(kFallaEscritura);

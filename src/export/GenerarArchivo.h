@@ -25,12 +25,14 @@ struct DatosGenerarArchivo {
 // How a run ended.
 struct ResultadoArchivo {
   qint64 lineas = 0;     // lines in the file, each ended by CR LF
-  bool completo = false; // false when a failure stopped the run
+  bool completo = false; // false when a failure or the user stopped the run
   QString falla;         // the failure message shown, when there was one
+  bool detenida = false; // the user stopped it: no file is left
 };
 
-// Told after every journal line, with the lines written so far.
-using AvanceArchivo = std::function<void(qint64 lineas)>;
+// Told after every journal line, with the lines written so far and the entries they
+// belong to; false stops the run and removes the file.
+using AvanceArchivo = std::function<bool(qint64 lineas, qint64 polizas)>;
 
 // A failure under the run's trap: the runtime's number and description. It stops the
 // run; the file keeps what was written.

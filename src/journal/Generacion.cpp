@@ -50,12 +50,18 @@ Generador::Generador(Corrida &corrida, const OpcionesGeneracion &opciones)
 
 QString Generador::Fecha(const QDateTime &f) const { return c_.Conexion->Dialecto().FechaSQL(f); }
 
+bool Generador::Detenida() {
+  if (!detenida_ && detener && detener())
+    detenida_ = true;
+  return detenida_;
+}
+
 void Generador::Avisar(int documento) {
-  if (!avance)
-    return;
   estado_.documento = documento;
   estado_.documentos = c_.Documentos.Cuenta();
-  avance(estado_);
+  estado_.polizas = polizas_;
+  if (avance)
+    avance(estado_);
 }
 
 // ------------------------------------------------------------------ the run
@@ -113,9 +119,10 @@ ResultadoGeneracion Generador::GenerarPolizas(const ArbolOperaciones &arbol) {
   resultado.bitacora = op_.Resumen;
   c_.HuboPolizas = false;
   polizas_ = 0;
+  detenida_ = false;
   bitacora_.AbrirBitacora(*c_.Conexion, op_);
   estado_.reglas = c_.NumConceptos;
-  for (int i = 1; i <= c_.NumConceptos; ++i) {
+  for (int i = 1; i <= c_.NumConceptos && !Detenida(); ++i) {
     c_.ConceptoActual = i;
     CargarReglas(c_);
     const ConceptoRegla &regla = c_.Concepto();
@@ -128,11 +135,24 @@ ResultadoGeneracion Generador::GenerarPolizas(const ArbolOperaciones &arbol) {
       continue;
     ProcesarConcepto(c_.NumReglas);
   }
+  if (detenida_)
+    bitacora_.EscribirLinea(
+        QStringLiteral("Corrida detenida por el usuario en la regla %1 de %2, tras el "
+                       "documento %3 de %4; una nueva corrida contabiliza lo que falta.")
+            .arg(QString::number(estado_.regla), QString::number(c_.NumConceptos),
+                 QString::number(estado_.documento), QString::number(estado_.documentos)));
   bitacora_.CerrarBitacora();
   c_.Referencia.reset();
   resultado.hubo = c_.HuboPolizas;
   resultado.polizas = polizas_;
-  if (c_.HuboPolizas)
+  resultado.detenida = detenida_;
+  if (detenida_)
+    CatalogoMensajes::MostrarTexto(
+        QStringLiteral("Generación detenida: se grabaron %1 pólizas completas. Una nueva "
+                       "corrida contabiliza los documentos que faltan.")
+            .arg(polizas_),
+        IconoMensaje::Advertencia);
+  else if (c_.HuboPolizas)
     CatalogoMensajes::Mostrar(108, {}, IconoMensaje::Informacion);
   else
     CatalogoMensajes::Mostrar(5508, {}, IconoMensaje::Advertencia);
@@ -165,7 +185,7 @@ bool Generador::PostearPorDocumento(int n) {
   int hechos = 0;
   if (!c_.Documentos.Vacio())
     c_.Documentos.Primero();
-  for (; !c_.Documentos.Fin(); c_.Documentos.Siguiente()) {
+  for (; !c_.Documentos.Fin() && !Detenida(); c_.Documentos.Siguiente()) {
     Documento &doc = c_.Documentos.Actual();
     Avisar(++hechos);
     c_.ImporteAntDebe = Dinero();
@@ -231,6 +251,11 @@ bool Generador::PostearPorDia(int n) {
       c_.Conexion->ConfirmarTransaccion();
       if (hayPoliza)
         bitacora_.EscribirPoliza(*c_.Conexion, folio, regla);
+      // The day before is whole: a stop asked for during it takes effect here.
+      if (Detenida()) {
+        estado_.documento = hechos - 1;
+        return hayPoliza;
+      }
       CrearRenglones(c_);
       c_.SumaDebe = Dinero();
       c_.SumaHaber = Dinero();

@@ -17,17 +17,19 @@ struct AvanceGeneracion {
   int reglas = 0;
   int documento = 0;
   int documentos = 0;
+  int polizas = 0; // entries written so far in the run
   QString descripcion;
 };
 
 // What the run tells its caller at the end.
 struct ResultadoGeneracion {
-  bool corrio = false; // false when nothing was checked, the log was refused or the
-                       // company's generation was taken by another run
-  QString candado;     // the lock another run holds, when that was why; empty otherwise
-  bool hubo = false;   // an entry was written (message 108), else 5508
-  int polizas = 0;     // entries written or redone in this run
-  QString bitacora;    // the log file used
+  bool corrio = false;   // false when nothing was checked, the log was refused or the
+                         // company's generation was taken by another run
+  QString candado;       // the lock another run holds, when that was why; empty otherwise
+  bool hubo = false;     // an entry was written (message 108), else 5508
+  int polizas = 0;       // entries written or redone in this run
+  QString bitacora;      // the log file used
+  bool detenida = false; // stopped by the user between two entries
 };
 
 // The generation run: turns the documents of a period into journal entries by the
@@ -39,6 +41,9 @@ public:
 
   // Called after each document or day, and at the start of each rule.
   std::function<void(const AvanceGeneracion &)> avance;
+  // Asked between two entries: true stops the run there. What was written stays whole,
+  // the log tells where the run stopped, and a later run posts the rest.
+  std::function<bool()> detener;
 
   // The whole run: rules of the checked operations, log, every rule, end message.
   ResultadoGeneracion GenerarPolizas(const ArbolOperaciones &arbol);
@@ -67,12 +72,15 @@ public:
 private:
   QString Fecha(const QDateTime &f) const;
   void Avisar(int documento);
+  // Asks `detener` once the entry in work is written; remembers a yes.
+  bool Detenida();
 
   Corrida &c_;
   OpcionesGeneracion op_;
   Bitacora bitacora_;
   AvanceGeneracion estado_;
   int polizas_ = 0;
+  bool detenida_ = false;
 };
 
 // What a run is told when another holds the company's generation.

@@ -7,9 +7,12 @@
 #include <QDateEdit>
 #include <QDesktopServices>
 #include <QDialog>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
+#include <QShortcutEvent>
 #include <QUrl>
 #include <QWidget>
 
@@ -112,14 +115,91 @@ void AbrirDireccion(const QUrl &direccion) {
 void InstalarAbridor(std::function<void(const QUrl &)> abridor) { gAbridor = std::move(abridor); }
 
 Avance CrearAvance(QWidget *padre) {
-  Avance a{new QProgressBar(padre), new QLabel(padre)};
+  auto *panel = new QWidget(padre);
+  panel->setObjectName(QStringLiteral("fraAvance"));
+  Avance a{new QProgressBar(panel), new QLabel(panel),
+           new QPushButton(QStringLiteral("Detener"), panel), panel};
   a.barra->setObjectName(QStringLiteral("prgAvance"));
   a.etiqueta->setObjectName(QStringLiteral("lblAvance"));
-  for (QWidget *w : {static_cast<QWidget *>(a.barra), static_cast<QWidget *>(a.etiqueta)}) {
-    QSizePolicy politica = w->sizePolicy();
-    politica.setRetainSizeWhenHidden(true);
-    w->setSizePolicy(politica);
-    w->hide();
-  }
+  a.detener->setObjectName(QStringLiteral("cmdDetener"));
+  a.detener->setToolTip(QStringLiteral("Detiene el proceso al terminar lo que está en curso"));
+  a.detener->setAutoDefault(false);
+  auto *capa = new QGridLayout(panel);
+  capa->setContentsMargins(0, 0, 0, 0);
+  capa->addWidget(a.etiqueta, 0, 0, 1, 2);
+  capa->addWidget(a.barra, 1, 0);
+  capa->addWidget(a.detener, 1, 1);
+  capa->setColumnStretch(0, 1);
+  QSizePolicy politica = panel->sizePolicy();
+  politica.setRetainSizeWhenHidden(true);
+  panel->setSizePolicy(politica);
+  panel->hide();
   return a;
+}
+
+TareaEnCurso::TareaEnCurso(const Avance &avance) : avance_(avance) {
+  avance_.detener->setEnabled(true);
+  avance_.detener->setText(QStringLiteral("Detener"));
+  QObject::connect(avance_.detener, &QPushButton::clicked, this, &TareaEnCurso::Detener);
+  qApp->installEventFilter(this);
+  reloj_.start();
+}
+
+TareaEnCurso::~TareaEnCurso() {
+  qApp->removeEventFilter(this);
+  avance_.panel->hide();
+}
+
+void TareaEnCurso::Detener() {
+  detenida_ = true;
+  avance_.detener->setEnabled(false);
+  avance_.detener->setText(QStringLiteral("Deteniendo…"));
+}
+
+void TareaEnCurso::Mostrar(int valor, int maximo, const QString &texto) {
+  avance_.barra->setRange(0, maximo);
+  if (maximo > 0)
+    avance_.barra->setValue(valor);
+  avance_.etiqueta->setText(texto);
+  const qint64 ahora = reloj_.elapsed();
+  if (ultimo_ >= 0 && ahora - ultimo_ < 50)
+    return;
+  if (ultimo_ < 0) {
+    avance_.panel->show();
+    avance_.detener->setFocus();
+  }
+  ultimo_ = ahora;
+  QCoreApplication::processEvents();
+}
+
+bool TareaEnCurso::eventFilter(QObject *objeto, QEvent *evento) {
+  // Shortcuts (F10, Esc on the toolbar) reach their action, not a control.
+  if (evento->type() == QEvent::Shortcut) {
+    if (static_cast<QShortcutEvent *>(evento)->key() == QKeySequence(Qt::Key_Escape) && !detenida_)
+      avance_.detener->click();
+    return true;
+  }
+  // The window hands each event on to its control: the control's copy is the one judged.
+  if (!objeto->isWidgetType())
+    return false;
+  switch (evento->type()) {
+  case QEvent::KeyPress:
+    if (static_cast<QKeyEvent *>(evento)->key() == Qt::Key_Escape) {
+      if (!detenida_)
+        avance_.detener->click();
+      return true;
+    }
+    [[fallthrough]];
+  case QEvent::KeyRelease:
+  case QEvent::MouseButtonPress:
+  case QEvent::MouseButtonRelease:
+  case QEvent::MouseButtonDblClick:
+  case QEvent::Wheel:
+    return objeto != avance_.detener;
+  case QEvent::Close:
+    evento->ignore();
+    return true;
+  default:
+    return false;
+  }
 }

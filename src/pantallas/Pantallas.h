@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -8,6 +9,7 @@
 class QDateEdit;
 class QLabel;
 class QProgressBar;
+class QPushButton;
 class QDialog;
 class QKeyEvent;
 class QUrl;
@@ -25,13 +27,45 @@ void PrepararVentana(QDialog *ventana, const QString &nombre, const QString &tit
 // A date field of the family: today's date, "dd/MM/yyyy", with its calendar.
 QDateEdit *CampoFecha(QWidget *padre, const QString &nombre);
 
-// The progress of a long task: a label (lblAvance) over a bar (prgAvance), hidden until the
-// task shows them, and keeping their room while hidden so the screen doesn't move.
+// The progress of a long task: a label (lblAvance) over a bar (prgAvance) with the button
+// "Detener" (cmdDetener) beside it, all in one panel, hidden until the task shows it, and
+// keeping its room while hidden so the screen doesn't move.
 struct Avance {
   QProgressBar *barra;
   QLabel *etiqueta;
+  QPushButton *detener;
+  QWidget *panel;
 };
 Avance CrearAvance(QWidget *padre);
+
+// A long task run on the screen's thread, for as long as this lives. Only "Detener" (or
+// Esc, which presses it) answers the user: other clicks and keys are dropped and no window
+// closes. The progress is shown, and the screen repainted, at most twenty times a second;
+// at the end the panel is hidden again.
+class TareaEnCurso : public QObject {
+public:
+  explicit TareaEnCurso(const Avance &avance);
+  ~TareaEnCurso() override;
+  TareaEnCurso(const TareaEnCurso &) = delete;
+  TareaEnCurso &operator=(const TareaEnCurso &) = delete;
+
+  // The bar at valor of maximo (maximo 0: a bar that only says the task works) and the
+  // label's text.
+  void Mostrar(int valor, int maximo, const QString &texto);
+  // True once "Detener" was pressed.
+  bool Detenida() const { return detenida_; }
+
+protected:
+  bool eventFilter(QObject *objeto, QEvent *evento) override;
+
+private:
+  void Detener();
+
+  Avance avance_;
+  bool detenida_ = false;
+  qint64 ultimo_ = -1;
+  QElapsedTimer reloj_;
+};
 
 // Lets a window see every key typed in any of its controls before the control does, as
 // a form with its key preview on. The handler gets the control that the key was typed

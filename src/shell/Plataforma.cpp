@@ -7,10 +7,14 @@
 #include <windows.h>
 #else
 #include <csignal>
+#include <termios.h>
 #include <unistd.h>
 #endif
 
+#include <cstdio>
 #include <cstdlib>
+#include <iostream>
+#include <string>
 
 bool ErrorEsTerminal() {
 #ifdef Q_OS_WIN
@@ -18,6 +22,73 @@ bool ErrorEsTerminal() {
 #else
   return isatty(STDERR_FILENO) != 0;
 #endif
+}
+
+namespace {
+
+// Turns the echo of the console's input off while it lives.
+class SinEco {
+public:
+  SinEco() {
+#ifdef Q_OS_WIN
+    entrada_ = GetStdHandle(STD_INPUT_HANDLE);
+    activo_ = GetConsoleMode(entrada_, &modo_) != 0 &&
+              SetConsoleMode(entrada_, modo_ & ~static_cast<DWORD>(ENABLE_ECHO_INPUT)) != 0;
+#else
+    activo_ = tcgetattr(STDIN_FILENO, &modo_) == 0;
+    if (activo_) {
+      termios sinEco = modo_;
+      sinEco.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+      activo_ = tcsetattr(STDIN_FILENO, TCSAFLUSH, &sinEco) == 0;
+    }
+#endif
+  }
+  ~SinEco() {
+    if (!activo_)
+      return;
+#ifdef Q_OS_WIN
+    SetConsoleMode(entrada_, modo_);
+#else
+    tcsetattr(STDIN_FILENO, TCSAFLUSH, &modo_);
+#endif
+  }
+  SinEco(const SinEco &) = delete;
+  SinEco &operator=(const SinEco &) = delete;
+
+private:
+  bool activo_ = false;
+#ifdef Q_OS_WIN
+  HANDLE entrada_ = nullptr;
+  DWORD modo_ = 0;
+#else
+  termios modo_{};
+#endif
+};
+
+bool EntradaEsTerminal() {
+#ifdef Q_OS_WIN
+  return _isatty(_fileno(stdin)) != 0;
+#else
+  return isatty(STDIN_FILENO) != 0;
+#endif
+}
+
+} // namespace
+
+QString LeerLineaSinEco(const QString &indicacion, bool *leida) {
+  std::string linea;
+  if (EntradaEsTerminal()) {
+    std::fputs(indicacion.toLocal8Bit().constData(), stderr);
+    std::fflush(stderr);
+    SinEco sinEco;
+    *leida = static_cast<bool>(std::getline(std::cin, linea));
+    std::fputs("\n", stderr);
+  } else {
+    *leida = static_cast<bool>(std::getline(std::cin, linea));
+  }
+  if (!linea.empty() && linea.back() == '\r')
+    linea.pop_back();
+  return QString::fromLocal8Bit(linea.data(), static_cast<qsizetype>(linea.size()));
 }
 
 void MatarProceso() {

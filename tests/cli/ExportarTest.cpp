@@ -1,5 +1,6 @@
 #include "Apoyo.h"
 #include "cli/ComandoExportar.h"
+#include "cli/Comandos.h"
 #include "db/EmpresaDemo.h"
 #include "export/ApoyoExportacion.h"
 #include "journal/Polizas.h"
@@ -46,13 +47,14 @@ protected:
     InsertarPoliza(*con, p, {cargo, abono});
   }
   int Correr(QStringList opciones) {
-    cli::Argumentos a;
-    a.comando = QStringLiteral("exportar");
-    a.opciones = opciones;
     salida.clear();
-    QTextStream out(&salida);
-    const int codigo = cli::Exportar(a, out);
+    errores.clear();
+    QTextStream out(&salida), err(&errores);
+    const int codigo = cli::Ejecutar(
+        QStringList{QStringLiteral("--ruta"), emp->Ruta(), QStringLiteral("exportar")} + opciones,
+        QStringLiteral("/nada"), out, err);
     out.flush();
+    err.flush();
     return codigo;
   }
   QStringList Opciones() const {
@@ -75,7 +77,7 @@ protected:
   std::unique_ptr<EmpresaPrueba> emp;
   ConexionPtr con;
   QString archivo;
-  QString salida;
+  QString salida, errores;
 };
 
 } // namespace
@@ -135,30 +137,35 @@ TEST_P(Exportar, AFileThatCantBeWrittenExitsFiveNamingIt) {
 }
 
 TEST_P(Exportar, BadDatesAndMissingOptionsExitOneWithTheUsage) {
+  qunsetenv("ESCRIBANO_CLAVE");
   const std::pair<QStringList, const char *> casos[] = {
       {Con("--del", QStringLiteral("2026-02-30")),
-       "La fecha --del «2026-02-30» no es válida; se espera AAAA-MM-DD."},
+       "La opción --del espera una fecha AAAA-MM-DD: «2026-02-30»."},
       {Con("--al", QStringLiteral("30/11/2026")),
-       "La fecha --al «30/11/2026» no es válida; se espera AAAA-MM-DD."},
-      {Con("--del", QString()), "Falta la fecha --del (AAAA-MM-DD)."},
-      {Con("--archivo", QString()), "Falta la opción --archivo con la ruta del archivo a generar."},
-      {Con("--empresa", QString()), "Falta la opción --empresa con el número de la empresa."},
-      {Con("--empresa", QStringLiteral("uno")), "El número de empresa no es válido: «uno»."},
-      {Con("--usuario", QString()), "Falta la opción --usuario con la clave del usuario."},
-      {Con("--clave", QString()), "Falta la opción --clave con la contraseña del usuario."},
+       "La opción --al espera una fecha AAAA-MM-DD: «30/11/2026»."},
+      {Con("--del", QString()), "Falta la opción --del AAAA-MM-DD."},
+      {Con("--archivo", QString()), "Falta la opción --archivo RUTA."},
+      {Con("--empresa", QString()), "Falta la opción --empresa N."},
+      {Con("--empresa", QStringLiteral("uno")),
+       "La opción --empresa espera un número entero: «uno»."},
+      {Con("--usuario", QString()), "Falta la opción --usuario U."},
+      {Con("--clave", QString()), "Falta la opción --clave P (o la variable ESCRIBANO_CLAVE)."},
       {Opciones() << QStringLiteral("--operacion") << QStringLiteral("x"),
-       "La operación debe ser un número: «x»."},
-      {Opciones() << QStringLiteral("--concepto") << QStringLiteral("O'Hara"),
-       "Los filtros no pueden llevar apóstrofos: «O'Hara»."},
+       "La opción --operacion espera un número entero: «x»."},
+      {Opciones() << QStringLiteral("--tipo") << QStringLiteral("X"),
+       "La opción --tipo espera un tipo de póliza: I, E, D, O o S: «X»."},
   };
   emp->grabadora.sentencias.clear();
+  const QString uso = QStringLiteral("\n\nUso: ") + cli::ComandoExportar().Sinopsis() +
+                      QStringLiteral("Más detalle: escribano-cli exportar --ayuda\n");
   for (const auto &[opciones, mensaje] : casos) {
     EXPECT_EQ(Correr(opciones), cli::kSalidaUso) << mensaje;
-    EXPECT_EQ(salida, QString::fromUtf8(mensaje) + QStringLiteral("\n\nUso:\n") +
-                          QString::fromUtf8(cli::kUsoExportar));
+    EXPECT_EQ(errores, QString::fromUtf8(mensaje) + uso);
+    EXPECT_EQ(salida, QString());
   }
   EXPECT_TRUE(emp->grabadora.sentencias.isEmpty());
   EXPECT_TRUE(emp->mensajes.mostrados.empty());
+  EXPECT_FALSE(QFileInfo::exists(RutaNativa(archivo)));
 }
 
 INSTANTIATE_TEST_SUITE_P(Motores, Exportar, testing::ValuesIn(MotoresDePrueba()), NombreMotor);

@@ -121,8 +121,9 @@ TEST_F(CliGenerar, PolizaShowsTheFirstEntryWithItsLinesAndSums) {
                               QStringLiteral("I"), QStringLiteral("--folio"), QStringLiteral("1")});
   EXPECT_TRUE(otra.out.startsWith(QStringLiteral("Póliza I00000000001 (INGRESOS)")))
       << otra.out.toStdString();
-  EXPECT_EQ(Correr({QStringLiteral("poliza"), QStringLiteral("--tipo"), QStringLiteral("X"),
-                    QStringLiteral("--folio"), QStringLiteral("1")})
+  // A type of the company's list without that folio.
+  EXPECT_EQ(Correr({QStringLiteral("poliza"), QStringLiteral("--tipo"), QStringLiteral("O"),
+                    QStringLiteral("--folio"), QStringLiteral("99999")})
                 .codigo,
             2);
 }

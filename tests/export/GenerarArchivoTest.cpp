@@ -668,12 +668,37 @@ TEST_P(Generar, ProgressIsToldAfterEveryJournalLineWithTheLinesWritten) {
   PolizaDeMuestra(*con);
   FormatoArchivo formato;
   ASSERT_TRUE(CargarFormato(*con, formato));
-  std::vector<qint64> avances;
+  std::vector<std::pair<qint64, qint64>> avances;
   const ResultadoArchivo r =
-      GenerarArchivo(*con, formato, datos, [&](qint64 lineas) { avances.push_back(lineas); });
-  EXPECT_EQ(avances, (std::vector<qint64>{2, 3}));
+      GenerarArchivo(*con, formato, datos, [&](qint64 lineas, qint64 polizas) {
+        avances.emplace_back(lineas, polizas);
+        return true;
+      });
+  EXPECT_EQ(avances, (std::vector<std::pair<qint64, qint64>>{{2, 1}, {3, 1}}));
   EXPECT_EQ(r.lineas, 3);
   EXPECT_EQ(LeerArchivo(archivo).count("\r\n"), 3);
+}
+
+TEST_P(Generar, AnExportStoppedLeavesNoFile) {
+  InsertarFormato(*con, FormatoUsuario());
+  InsertarPoliza(*con, Encabezado("00000000012", "D", "Luz", "1"), {Cargo("110", "1")});
+  InsertarPoliza(*con, Encabezado("00000000013", "D", "Agua", "1"), {Cargo("110", "2")});
+  FormatoArchivo formato;
+  ASSERT_TRUE(CargarFormato(*con, formato));
+  std::vector<std::pair<qint64, qint64>> avances;
+  const ResultadoArchivo r =
+      GenerarArchivo(*con, formato, datos, [&](qint64 lineas, qint64 polizas) {
+        avances.emplace_back(lineas, polizas);
+        return false;
+      });
+  EXPECT_EQ(avances, (std::vector<std::pair<qint64, qint64>>{{1, 1}}));
+  EXPECT_TRUE(r.detenida);
+  EXPECT_FALSE(r.completo);
+  EXPECT_EQ(r.lineas, 0);
+  EXPECT_FALSE(QFileInfo::exists(RutaNativa(archivo)));
+  ASSERT_EQ(emp->mensajes.mostrados.size(), 1u);
+  EXPECT_EQ(emp->mensajes.mostrados[0].texto,
+            QStringLiteral("Exportación detenida: no se escribió el archivo %1.").arg(archivo));
 }
 
 TEST_P(Generar, EachRunStartsWithoutAPreviousKey) {

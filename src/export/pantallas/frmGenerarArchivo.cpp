@@ -67,18 +67,17 @@ frmGenerarArchivo::frmGenerarArchivo(QWidget *padre) : QDialog(padre), cdgArchiv
   capaFiltros->addWidget(cmbConceptos, 2, 1);
   capaFiltros->setColumnStretch(1, 1);
 
-  const Avance avance = CrearAvance(this);
-  prgAvance = avance.barra;
-  lblAvance = avance.etiqueta;
-  prgAvance->setRange(0, 0); // the number of lines is known only at the end
+  avance_ = CrearAvance(this);
+  prgAvance = avance_.barra;
+  lblAvance = avance_.etiqueta;
+  cmdDetener = avance_.detener;
 
   auto *raiz = new QVBoxLayout(this);
   raiz->setMenuBar(tlbCatalogo);
   raiz->addWidget(grpPeriodo);
   raiz->addWidget(grpFiltros);
   raiz->addStretch(1);
-  raiz->addWidget(lblAvance);
-  raiz->addWidget(prgAvance);
+  raiz->addWidget(avance_.panel);
 
   setTabOrder(dtpFechaIni, dtpFechaFin);
   setTabOrder(dtpFechaFin, cmbFolios);
@@ -138,18 +137,18 @@ void frmGenerarArchivo::GenerarArchivo() {
   datos.concepto = cmbConceptos->Codigo();
   datos.archivo = archivo;
   tlbCatalogo->setEnabled(false);
-  MostrarAvance(0);
-  ::GenerarArchivo(*conexion_, formato_, datos, [this](qint64 lineas) { MostrarAvance(lineas); });
-  prgAvance->hide();
-  lblAvance->hide();
+  {
+    TareaEnCurso tarea(avance_);
+    MostrarAvance(tarea, 0, 0);
+    ::GenerarArchivo(*conexion_, formato_, datos, [&tarea](qint64 lineas, qint64 polizas) {
+      MostrarAvance(tarea, lineas, polizas);
+      return !tarea.Detenida();
+    });
+  }
   tlbCatalogo->setEnabled(true);
 }
 
-void frmGenerarArchivo::MostrarAvance(qint64 lineas) {
-  lblAvance->setText(QStringLiteral("Líneas escritas: %1").arg(lineas));
-  prgAvance->show();
-  lblAvance->show();
-  // The file is written on the screen's thread: the bar is painted between lines, while
-  // the user's clicks and keys wait for the end.
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+void frmGenerarArchivo::MostrarAvance(TareaEnCurso &tarea, qint64 lineas, qint64 polizas) {
+  // The number of lines is known only at the end: the bar says the file is being written.
+  tarea.Mostrar(0, 0, QStringLiteral("Pólizas: %1   Líneas escritas: %2").arg(polizas).arg(lineas));
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "export/FormatoArchivo.h"
+#include "pantallas/Pantallas.h"
 #include "shell/ServicioConexion.h"
 
 #include <QDialog>
@@ -12,6 +13,7 @@ class ComboDatos;
 class QDateEdit;
 class QLabel;
 class QProgressBar;
+class QPushButton;
 
 // The screen that writes the journal entries of a period into a text file by the
 // company's format, filtered by journal type, operation and concept.
@@ -34,15 +36,17 @@ public:
   BarraPantalla *tlbCatalogo;
   QProgressBar *prgAvance; // lines written, shown while the file is written
   QLabel *lblAvance;
+  QPushButton *cmdDetener; // stops the export; no file is left
 
 private:
+  Avance avance_;
   void LlenarOperaciones();
   // The concepts of the chosen operation; none for an operation without a catalogue.
   void LlenarConceptos();
   // "GRB": the format is read at the first press and kept while the screen is open.
   void Grabar();
   void GenerarArchivo();
-  void MostrarAvance(qint64 lineas);
+  static void MostrarAvance(TareaEnCurso &tarea, qint64 lineas, qint64 polizas);
 
   ConexionPtr conexion_;
   FormatoArchivo formato_;

@@ -3,9 +3,9 @@
 #include "journal/Bitacora.h"
 #include "journal/Documentos.h"
 #include "journal/Generacion.h"
-#include "shell/CatalogoMensajes.h"
 #include "pantallas/PantallaBarra.h"
 #include "pantallas/Pantallas.h"
+#include "shell/CatalogoMensajes.h"
 #include "shell/ServicioConexion.h"
 #include "shell/Sesion.h"
 
@@ -98,9 +98,10 @@ frmGenerarPolizas::frmGenerarPolizas(QWidget *padre) : QDialog(padre), cdgBuscar
   capaResumen->addWidget(txtResumen, 1);
   capaResumen->addWidget(cmdBusca);
 
-  const Avance avance = CrearAvance(this);
-  prgAvance = avance.barra;
-  lblAvance = avance.etiqueta;
+  avance_ = CrearAvance(this);
+  prgAvance = avance_.barra;
+  lblAvance = avance_.etiqueta;
+  cmdDetener = avance_.detener;
 
   auto *opciones = new QVBoxLayout;
   opciones->addWidget(grpPeriodo);
@@ -114,8 +115,7 @@ frmGenerarPolizas::frmGenerarPolizas(QWidget *padre) : QDialog(padre), cdgBuscar
   raiz->setMenuBar(tlbCatalogo);
   raiz->addLayout(centro, 1);
   raiz->addWidget(grpResumen);
-  raiz->addWidget(lblAvance);
-  raiz->addWidget(prgAvance);
+  raiz->addWidget(avance_.panel);
 
   setTabOrder(tvwOperaciones, dtpFecha[0]);
   setTabOrder(dtpFecha[0], dtpFecha[1]);
@@ -215,16 +215,16 @@ void frmGenerarPolizas::GenerarPolizas() {
   {
     // The hourglass comes with the first rule, once the log has been accepted.
     std::optional<RelojArena> reloj;
+    TareaEnCurso tarea(avance_);
     Generador generador(corrida_, Opciones());
-    generador.avance = [this, &reloj](const AvanceGeneracion &avance) {
+    generador.avance = [&tarea, &reloj](const AvanceGeneracion &avance) {
       if (!reloj)
         reloj.emplace();
-      MostrarAvance(avance);
+      MostrarAvance(tarea, avance);
     };
+    generador.detener = [&tarea] { return tarea.Detenida(); };
     resultado = generador.GenerarPolizas(arbol_);
   }
-  prgAvance->hide();
-  lblAvance->hide();
   tlbCatalogo->setEnabled(true);
   if (!resultado.corrio) {
     // Rules were gathered, so the log was refused: its name is to be looked at.
@@ -239,18 +239,12 @@ void frmGenerarPolizas::GenerarPolizas() {
   CargarOperaciones();
 }
 
-void frmGenerarPolizas::MostrarAvance(const AvanceGeneracion &avance) {
+void frmGenerarPolizas::MostrarAvance(TareaEnCurso &tarea, const AvanceGeneracion &avance) {
   const int hechos =
       avance.documentos > 0 ? avance.documento * kPasosPorRegla / avance.documentos : 0;
-  prgAvance->setRange(0, avance.reglas * kPasosPorRegla);
-  prgAvance->setValue((avance.regla - 1) * kPasosPorRegla + hechos);
-  lblAvance->setText(QStringLiteral("Regla %1 de %2: %3   Documento %4 de %5")
-                         .arg(QString::number(avance.regla), QString::number(avance.reglas),
-                              avance.descripcion, QString::number(avance.documento),
-                              QString::number(avance.documentos)));
-  prgAvance->show();
-  lblAvance->show();
-  // The run works on the screen's thread: the bar is painted between documents, while
-  // the user's clicks and keys wait for the end.
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  tarea.Mostrar((avance.regla - 1) * kPasosPorRegla + hechos, avance.reglas * kPasosPorRegla,
+                QStringLiteral("Regla %1 de %2: %3   Documento %4 de %5")
+                    .arg(QString::number(avance.regla), QString::number(avance.reglas),
+                         avance.descripcion, QString::number(avance.documento),
+                         QString::number(avance.documentos)));
 }

@@ -3,6 +3,7 @@
 #include "journal/Arbol.h"
 #include "journal/Corrida.h"
 #include "journal/OpcionesGeneracion.h"
+#include "pantallas/Pantallas.h"
 
 #include <QDialog>
 #include <QString>
@@ -49,8 +50,10 @@ public:
   BarraPantalla *tlbCatalogo;
   QProgressBar *prgAvance; // how far the run has got, shown while it works
   QLabel *lblAvance;
+  QPushButton *cmdDetener; // stops the run after the entry in work
 
 private:
+  Avance avance_;
   void CargarArbol();
   // The sources of the documents, read again, and the default log name in txtResumen.
   void CargarOperaciones();
@@ -59,7 +62,7 @@ private:
   void optFechaPol_Click();
   void cmdBusca_Click();
   void GenerarPolizas();
-  void MostrarAvance(const AvanceGeneracion &avance);
+  static void MostrarAvance(TareaEnCurso &tarea, const AvanceGeneracion &avance);
 
   Corrida corrida_;
   ArbolOperaciones arbol_;

@@ -175,7 +175,7 @@ TEST_P(PantallaArchivo, FTenAsksTheNameAndTheQuestionThenWritesTheFile) {
   EXPECT_TRUE(f->isVisible());
   EXPECT_TRUE(f->tlbCatalogo->isEnabled());
   EXPECT_FALSE(f->prgAvance->isVisible());
-  EXPECT_EQ(f->lblAvance->text(), QStringLiteral("Líneas escritas: 2"));
+  EXPECT_EQ(f->lblAvance->text(), QStringLiteral("Pólizas: 1   Líneas escritas: 2"));
 }
 
 TEST_P(PantallaArchivo, TheToolbarButtonWritesTheFileAsWell) {
