@@ -10,10 +10,13 @@ destino="${1:-$raiz/demo}"
 cli="$raiz/build/escribano-cli"
 del=$(date -d "$(date +%Y-%m-01) -1 month" +%F)
 al=$(date -d "$(date +%Y-%m-01) -1 day" +%F)
-sesion=(--usuario ADMIN --clave demo)
+# The password goes in the environment, not on the command line where any user of the
+# machine could read it.
+export ESCRIBANO_CLAVE=demo
+sesion=(--usuario ADMIN)
 
 echo "== Empresa de demostración"
-"$cli" --ruta "$destino" demo --reconstruir --clave demo
+"$cli" --ruta "$destino" demo --reconstruir
 echo
 echo "== Sesión de la empresa 1"
 "$cli" --ruta "$destino" resumen --empresa 1

@@ -56,9 +56,7 @@ int Exportar(const Leidas &o, Contexto &ctx) {
 ComandoCli ComandoExportar() {
   ComandoCli c;
   c.nombre = QStringLiteral("exportar");
-  c.resumen =
-      QStringLiteral("Escribe las pólizas de un período en un archivo, con el formato de la "
-                     "empresa.");
+  c.resumen = QStringLiteral("Exporta las pólizas de un período al formato de la empresa.");
   c.descripcion = QStringLiteral(
       "Escribe en RUTA las pólizas del período con el formato de archivo de la empresa\n"
       "(CONTPAQ o el del usuario), filtradas por tipo de póliza, operación y concepto.\n"

@@ -96,8 +96,8 @@ ComandoCli ComandoGenerar() {
   c.descripcion = QStringLiteral(
       "Genera las pólizas del período con las reglas de la empresa. Sin --operaciones\n"
       "toma todas las operaciones que tienen reglas. Escribe la bitácora de la corrida\n"
-      "(Resumen\\Empresa<N>_<fecha>.txt, o la de --bitacora) y termina con 6 si ya existe\n"
-      "y no se dio --agregar, con 7 si otra generación de la empresa está en curso.\n");
+      "(TEMP\\ResumenPol<N>_<ddmmaaaa>.txt, o la de --bitacora) y termina con 6 si ya\n"
+      "existe y no se dio --agregar, con 7 si otra generación de la empresa está en curso.\n");
   c.opciones = {OpcionEmpresa(false)};
   c.opciones += OpcionesEntrada();
   c.opciones +=

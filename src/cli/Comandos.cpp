@@ -101,9 +101,7 @@ ComandoCli ComandoDemo() {
       "con catálogos, reglas de pólizas y un mes de documentos. Sin contraseña para\n"
       "ADMIN se genera una y se muestra.\n");
   c.opciones = {{QStringLiteral("clave"), Valor::Clave, QStringLiteral("P"),
-                 QStringLiteral("contraseña de ADMIN; «-» la lee de la entrada, sin ella "
-                                "ESCRIBANO_CLAVE"),
-                 false},
+                 QStringLiteral("contraseña de ADMIN («-»: la lee de la entrada)"), false},
                 {QStringLiteral("reconstruir"),
                  Valor::Ninguno,
                  {},
@@ -175,7 +173,7 @@ QString AyudaGeneral() {
       "--clave - (una línea de la entrada estándar, sin eco en una terminal) o en la\n"
       "variable ESCRIBANO_CLAVE; nunca se muestra ni se escribe en la bitácora.\n"
       "\n");
-  return texto + QLatin1String(kSalidas);
+  return texto + QString::fromUtf8(kSalidas);
 }
 
 int Ejecutar(const QStringList &args, const QString &rutaEjecutable, QTextStream &out,
@@ -218,8 +216,8 @@ int Ejecutar(const QStringList &args, const QString &rutaEjecutable, QTextStream
     return kSalidaBien;
   }
   const auto uso = [&](const QString &motivo) {
-    err << motivo << "\n\nUso: " << comando->Sinopsis() << "Más detalle: escribano-cli " << nombre
-        << " --ayuda\n";
+    err << motivo << "\n\n"
+        << comando->Sinopsis() << "Más detalle: escribano-cli " << nombre << " --ayuda\n";
     return kSalidaUso;
   };
   Leidas opciones;

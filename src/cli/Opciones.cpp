@@ -82,14 +82,15 @@ QString LineaDeOpcion(const OpcionCli &o) {
 } // namespace
 
 QString ComandoCli::Sinopsis() const {
-  QString linea = QStringLiteral("escribano-cli [--ruta CARPETA] ") + nombre;
+  QString linea = QStringLiteral("Uso: escribano-cli [--ruta CARPETA] ") + nombre;
+  // The options that don't fit go on under the first one.
+  const QString sangria(linea.size(), QLatin1Char(' '));
   QString texto;
-  const QString sangria(linea.size() + 1, QLatin1Char(' '));
   for (const OpcionCli &o : opciones) {
     const QString pieza = LineaDeOpcion(o);
-    if (linea.size() + 1 + pieza.size() > 80) {
+    if (linea.size() + 1 + pieza.size() > 80 && linea != sangria) {
       texto += linea + QLatin1Char('\n');
-      linea = sangria.left(sangria.size() - 1);
+      linea = sangria;
     }
     linea += QLatin1Char(' ') + pieza;
   }
@@ -97,14 +98,14 @@ QString ComandoCli::Sinopsis() const {
 }
 
 QString ComandoCli::Ayuda() const {
-  QString texto = QStringLiteral("Uso: ") + Sinopsis() + QLatin1Char('\n') + descripcion;
+  QString texto = Sinopsis() + QLatin1Char('\n') + descripcion;
   if (!opciones.isEmpty())
     texto += QStringLiteral("\nOpciones:\n");
   for (const OpcionCli &o : opciones) {
     QString uso = Guiones(o.nombre);
     if (o.valor != Valor::Ninguno)
       uso += QLatin1Char(' ') + o.muestra;
-    texto += QStringLiteral("  ") + uso.leftJustified(24) + QLatin1Char(' ') + o.ayuda +
+    texto += QStringLiteral("  ") + uso.leftJustified(21) + QLatin1Char(' ') + o.ayuda +
              QLatin1Char('\n');
   }
   return texto;
@@ -323,7 +324,7 @@ QList<OpcionCli> OpcionesEntrada() {
   return {{QStringLiteral("usuario"), Valor::Texto, QStringLiteral("U"),
            QStringLiteral("clave del usuario"), true},
           {QStringLiteral("clave"), Valor::Clave, QStringLiteral("P"),
-           QStringLiteral("contraseña; «-» la lee de la entrada, sin ella ESCRIBANO_CLAVE"), true}};
+           QStringLiteral("contraseña («-»: la lee de la entrada)"), true}};
 }
 
 OpcionCli OpcionJson() {
@@ -338,7 +339,7 @@ QList<OpcionCli> OpcionesProgreso() {
   return {{QStringLiteral("progreso"),
            Valor::Ninguno,
            {},
-           QStringLiteral("muestra el avance aunque la salida de errores no sea una terminal"),
+           QStringLiteral("el avance también fuera de una terminal"),
            false},
           {QStringLiteral("sin-progreso"),
            Valor::Ninguno,

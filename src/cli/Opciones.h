@@ -53,7 +53,7 @@ struct ComandoCli {
   QList<OpcionCli> opciones;
   std::function<int(const Leidas &, Contexto &)> correr;
 
-  // "escribano-cli [--ruta CARPETA] nombre --a A [--b B]..."
+  // "Uso: escribano-cli [--ruta CARPETA] nombre --a A [--b B]...", in lines of at most 80.
   QString Sinopsis() const;
   // The synopsis, the description and one line for each option.
   QString Ayuda() const;

@@ -156,7 +156,7 @@ TEST_P(Exportar, BadDatesAndMissingOptionsExitOneWithTheUsage) {
        "La opción --tipo espera un tipo de póliza: I, E, D, O o S: «X»."},
   };
   emp->grabadora.sentencias.clear();
-  const QString uso = QStringLiteral("\n\nUso: ") + cli::ComandoExportar().Sinopsis() +
+  const QString uso = QStringLiteral("\n\n") + cli::ComandoExportar().Sinopsis() +
                       QStringLiteral("Más detalle: escribano-cli exportar --ayuda\n");
   for (const auto &[opciones, mensaje] : casos) {
     EXPECT_EQ(Correr(opciones), cli::kSalidaUso) << mensaje;
