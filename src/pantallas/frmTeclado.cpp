@@ -17,7 +17,7 @@ constexpr const char *kFilas[] = {
 
 } // namespace
 
-frmTeclado::frmTeclado(QWidget *padre) : QDialog(padre) {
+frmTeclado::frmTeclado(QWidget *padre, QLineEdit::EchoMode eco) : QDialog(padre) {
   setObjectName(QStringLiteral("frmTeclado"));
   setWindowTitle(QStringLiteral("Teclado"));
   setModal(true);
@@ -27,6 +27,7 @@ frmTeclado::frmTeclado(QWidget *padre) : QDialog(padre) {
 
   txtTexto = new QLineEdit(this);
   txtTexto->setObjectName(QStringLiteral("txtTexto"));
+  txtTexto->setEchoMode(eco);
   auto *raiz = new QVBoxLayout(this);
   raiz->addWidget(txtTexto);
 
@@ -74,8 +75,8 @@ frmTeclado::frmTeclado(QWidget *padre) : QDialog(padre) {
   connect(cmdCancelar, &QPushButton::clicked, this, &QDialog::reject);
 }
 
-QString frmTeclado::Pedir(QWidget *padre, int x) {
-  frmTeclado teclado(padre);
+QString frmTeclado::Pedir(QWidget *padre, int x, QLineEdit::EchoMode eco) {
+  frmTeclado teclado(padre, eco);
   teclado.adjustSize();
   teclado.move(x, teclado.y());
   return teclado.exec() == QDialog::Accepted ? teclado.Texto() : QString();

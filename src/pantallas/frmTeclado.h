@@ -1,21 +1,22 @@
 #pragma once
 
 #include <QDialog>
+#include <QLineEdit>
 #include <QString>
 #include <vector>
 
-class QLineEdit;
 class QPushButton;
 
 // The on-screen keyboard of touch stations: letters, digits, the accented letters of
-// Spanish in both cases, space and backspace. It returns the text typed.
+// Spanish in both cases, space and backspace. It returns the text typed, shown as the field
+// it types into shows it: a password stays masked.
 class frmTeclado : public QDialog {
 public:
-  explicit frmTeclado(QWidget *padre = nullptr);
+  explicit frmTeclado(QWidget *padre = nullptr, QLineEdit::EchoMode eco = QLineEdit::Normal);
 
   // Shows the keyboard modally at the horizontal position x (pixels) and returns the
   // text typed, or the empty text when it was cancelled.
-  static QString Pedir(QWidget *padre, int x);
+  static QString Pedir(QWidget *padre, int x, QLineEdit::EchoMode eco);
 
   QString Texto() const;
 

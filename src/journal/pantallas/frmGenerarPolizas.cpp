@@ -232,7 +232,8 @@ void frmGenerarPolizas::GenerarPolizas() {
       txtResumen->setFocus();
     return;
   }
-  if (CatalogoMensajes::Caja(CatalogoMensajes::Texto(5509), CatalogoMensajes::Texto(5501),
+  // The question goes under the system's title: the old one spoke of deleting a rule.
+  if (CatalogoMensajes::Caja(CatalogoMensajes::Texto(5509), CatalogoMensajes::Texto(100),
                              IconoMensaje::Pregunta, BotonesMensaje::SiNo,
                              5509) == RespuestaMensaje::Si)
     AbrirArchivo(this, resultado.bitacora);

@@ -319,7 +319,8 @@ bool frmEntrada::Form_KeyPress(QWidget *control, int codigo, int tecla) {
 void frmEntrada::TecladoEnPantalla(QLineEdit *campo) {
   const int anchoPantalla = screen()->geometry().width();
   move(screen()->geometry().left(), y());
-  const QString texto = teclado(this, anchoPantalla - Twips(this, 4365)).trimmed();
+  const QString texto =
+      teclado(this, anchoPantalla - Twips(this, 4365), campo->echoMode()).trimmed();
   if (!texto.isEmpty()) {
     campo->setText(texto);
     campo->setFocus();

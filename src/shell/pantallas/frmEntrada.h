@@ -3,13 +3,13 @@
 #include "shell/ServicioConexion.h"
 
 #include <QDialog>
+#include <QLineEdit>
 #include <QString>
 #include <functional>
 #include <vector>
 
 class QComboBox;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 class QToolButton;
 
@@ -40,7 +40,7 @@ public:
 
   // The family's on-screen keyboard: shown at a horizontal position in pixels, it
   // returns the text typed. Touch stations get it from the small button of each field.
-  std::function<QString(QWidget *padre, int x)> teclado;
+  std::function<QString(QWidget *padre, int x, QLineEdit::EchoMode eco)> teclado;
 
   QLabel *Label1; // the program's title
   QComboBox *cmbEmpresa;

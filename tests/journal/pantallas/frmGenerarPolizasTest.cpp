@@ -420,7 +420,7 @@ TEST_P(PantallaGeneracion, ARunByFTenPostsTheEntriesAndOffersTheLogAnsweringNo) 
   ASSERT_EQ(emp->mensajes.Ids(), (std::vector<int>{108, 5509}));
   const Mensaje &pregunta = emp->mensajes.mostrados[1];
   EXPECT_EQ(pregunta.texto, CatalogoMensajes::Texto(5509));
-  EXPECT_EQ(pregunta.titulo, CatalogoMensajes::Texto(5501));
+  EXPECT_EQ(pregunta.titulo, CatalogoMensajes::Texto(100));
   EXPECT_EQ(pregunta.icono, IconoMensaje::Pregunta);
   EXPECT_EQ(pregunta.botones, BotonesMensaje::SiNo);
   EXPECT_TRUE(abiertas.empty());

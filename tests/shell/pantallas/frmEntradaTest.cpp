@@ -467,8 +467,10 @@ TEST_P(Entrada, TheOnScreenKeyboardFillsTheFieldAndMovesOn) {
   const int ancho = f->screen()->geometry().width();
   const int dpi = f->logicalDpiX();
   int xTeclado = -1, xFormulario = -1;
-  f->teclado = [&](QWidget *padre, int x) {
+  std::vector<QLineEdit::EchoMode> ecos;
+  f->teclado = [&](QWidget *padre, int x, QLineEdit::EchoMode eco) {
     EXPECT_EQ(padre, f.get());
+    ecos.push_back(eco);
     xTeclado = x;
     xFormulario = f->x();
     return QStringLiteral("  admin ");
@@ -479,13 +481,16 @@ TEST_P(Entrada, TheOnScreenKeyboardFillsTheFieldAndMovesOn) {
   EXPECT_EQ(f->txtCod->text(), QStringLiteral("admin"));
   EXPECT_TRUE(f->txtPass->hasFocus());
   EXPECT_EQ(f->x(), ancho / 2 - 2872 * dpi / 1440);
+  // The password's keyboard masks what it types, as its field does.
+  QTest::mouseClick(f->cmdTecladoPass, Qt::LeftButton);
+  EXPECT_EQ(ecos, (std::vector<QLineEdit::EchoMode>{QLineEdit::Normal, QLineEdit::Password}));
 }
 
 TEST_P(Entrada, AnEmptyTextFromTheKeyboardLeavesTheField) {
   auto f = Abrir();
   f->txtPass->setText(QStringLiteral("antes"));
   f->txtCod->setFocus();
-  f->teclado = [](QWidget *, int) { return QStringLiteral("   "); };
+  f->teclado = [](QWidget *, int, QLineEdit::EchoMode) { return QStringLiteral("   "); };
   QTest::mouseClick(f->cmdTecladoPass, Qt::LeftButton);
   EXPECT_EQ(f->txtPass->text(), QStringLiteral("antes"));
   EXPECT_TRUE(f->txtCod->hasFocus());
@@ -562,14 +567,14 @@ TEST(frmTeclado, ShownAtTheGivenPlaceItReturnsTheTextTyped) {
     t->Tecla(QStringLiteral("k"))->click();
     t->cmdAceptar->click();
   });
-  EXPECT_EQ(frmTeclado::Pedir(nullptr, 120), QStringLiteral("ok"));
+  EXPECT_EQ(frmTeclado::Pedir(nullptr, 120, QLineEdit::Normal), QStringLiteral("ok"));
   QTimer::singleShot(0, [] {
     auto *t = dynamic_cast<frmTeclado *>(QApplication::activeModalWidget());
     ASSERT_NE(t, nullptr);
     t->Tecla(QStringLiteral("o"))->click();
     t->cmdCancelar->click();
   });
-  EXPECT_EQ(frmTeclado::Pedir(nullptr, 120), QString());
+  EXPECT_EQ(frmTeclado::Pedir(nullptr, 120, QLineEdit::Normal), QString());
 }
 
 TEST(frmTeclado, TheApostropheIsRefusedInItsField) {
