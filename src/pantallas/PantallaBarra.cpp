@@ -1,5 +1,6 @@
 #include "pantallas/PantallaBarra.h"
 
+#include "pantallas/EditorFecha.h"
 #include "pantallas/Pantallas.h"
 #include "shell/Sesion.h"
 
@@ -53,7 +54,13 @@ BarraPantalla::BarraPantalla(QWidget *ventana, const std::vector<BotonBarra> &bo
     if (!accion && b.clave == QLatin1String("SAL"))
       accion = [ventana] { ventana->close(); };
     Q_ASSERT(accion);
-    connect(a, &QAction::triggered, this, [accion] { accion(); });
+    // A date being typed is settled first: no button works on the date shown before it.
+    // Leaving gives the typing up instead, and the screen stays.
+    const bool salir = b.clave == QLatin1String("SAL");
+    connect(a, &QAction::triggered, this, [accion, salir] {
+      if (EditorFecha::ConfirmarEnCurso(salir))
+        accion();
+    });
   }
   new VistaPreviaTeclas(ventana, [this](QWidget *, QKeyEvent *tecla) {
     for (QAction *a : actions()) {

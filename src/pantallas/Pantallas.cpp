@@ -1,5 +1,7 @@
 #include "pantallas/Pantallas.h"
 
+#include "pantallas/EditorFecha.h"
+
 #include "shell/Rutas.h"
 #include "shell/Sesion.h"
 
@@ -27,10 +29,8 @@ void PrepararVentana(QDialog *ventana, const QString &nombre, const QString &tit
 }
 
 QDateEdit *CampoFecha(QWidget *padre, const QString &nombre) {
-  auto *d = new QDateEdit(Hoy(), padre);
+  auto *d = new EditorFecha(padre);
   d->setObjectName(nombre);
-  d->setDisplayFormat(QStringLiteral("dd/MM/yyyy"));
-  d->setCalendarPopup(true);
   return d;
 }
 

@@ -24,7 +24,8 @@ QString ColorFamilia();
 // behind it.
 void PrepararVentana(QDialog *ventana, const QString &nombre, const QString &titulo);
 
-// A date field of the family: today's date, "dd/MM/yyyy", with its calendar.
+// A date field of the family (EditorFecha): today's date, "dd/MM/yyyy", with its calendar,
+// typed as it reads.
 QDateEdit *CampoFecha(QWidget *padre, const QString &nombre);
 
 // The progress of a long task: a label (lblAvance) over a bar (prgAvance) with the button
