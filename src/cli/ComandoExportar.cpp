@@ -6,6 +6,7 @@
 #include "shell/Rutas.h"
 
 #include <QDate>
+#include <QDir>
 #include <QFileInfo>
 
 namespace cli {
@@ -19,6 +20,11 @@ int Exportar(const Leidas &o, Contexto &ctx) {
   datos.tipo = o.Texto(QStringLiteral("tipo"));
   datos.operacion = o.Texto(QStringLiteral("operacion"));
   datos.concepto = o.Texto(QStringLiteral("concepto"));
+  if (datos.archivo == QStringLiteral("-")) {
+    ctx.err << "La opción --archivo espera la ruta de un archivo: el resultado no va a la "
+               "salida estándar.\n";
+    return kSalidaUso;
+  }
   // The screen refuses the apostrophe as it is typed; so does its command.
   if (datos.concepto.contains(QLatin1Char('\''))) {
     ctx.err << "La opción --concepto no puede llevar apóstrofos: «" << datos.concepto << "».\n";
@@ -32,15 +38,18 @@ int Exportar(const Leidas &o, Contexto &ctx) {
   if (!CargarFormato(*sesion.empresa, formato))
     return kSalidaSinFormato;
   LineaAvance linea(ctx.err, ctx.progreso);
+  ctx.linea = &linea;
   const ResultadoArchivo resultado =
       GenerarArchivo(*sesion.empresa, formato, datos, [&linea](qint64 lineas, qint64 polizas) {
         linea.Mostrar(QStringLiteral("Pólizas %1 · líneas escritas %2").arg(polizas).arg(lineas));
         return true;
       });
   linea.Borrar();
+  ctx.linea = nullptr;
   if (!resultado.completo)
     return kSalidaArchivo;
-  const QString archivo = QFileInfo(RutaNativa(datos.archivo)).absoluteFilePath();
+  const QString archivo =
+      QDir::toNativeSeparators(QFileInfo(RutaNativa(datos.archivo)).absoluteFilePath());
   if (ctx.json) {
     ctx.objeto.insert(QStringLiteral("archivo"), archivo);
     ctx.objeto.insert(QStringLiteral("lineas"), resultado.lineas);

@@ -9,6 +9,7 @@
 #include "shell/Rutas.h"
 #include "shell/Sesion.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QJsonObject>
 
@@ -37,7 +38,7 @@ int Generar(const Leidas &o, Contexto &ctx) {
   if (op.Resumen.isEmpty())
     op.Resumen = Bitacora::NombreBitacora(gNumEmp, op.FechaDefinida);
   if (QFileInfo::exists(RutaNativa(op.Resumen)) && !o.Hay(QStringLiteral("agregar"))) {
-    ctx.err << CatalogoMensajes::Texto(5510) << " " << op.Resumen
+    ctx.err << CatalogoMensajes::Texto(5510) << " " << RutaNativa(op.Resumen)
             << "\nUse --agregar para añadir la corrida al final del archivo.\n";
     return kSalidaBitacoraExiste;
   }
@@ -56,6 +57,7 @@ int Generar(const Leidas &o, Contexto &ctx) {
 
   Generador generador(corrida, op);
   LineaAvance linea(ctx.err, ctx.progreso);
+  ctx.linea = &linea;
   generador.avance = [&linea](const AvanceGeneracion &av) {
     linea.Mostrar(QStringLiteral("Regla %1 de %2 · documentos %3 de %4 · pólizas %5")
                       .arg(av.regla)
@@ -66,10 +68,14 @@ int Generar(const Leidas &o, Contexto &ctx) {
   };
   const ResultadoGeneracion r = generador.GenerarPolizas(arbol);
   linea.Borrar();
+  ctx.linea = nullptr;
   if (!r.candado.isEmpty())
     return kSalidaGeneracionEnCurso;
+  // A log that couldn't be written was told about already, and isn't named as if it were.
   const QString bitacora =
-      r.corrio ? QFileInfo(RutaNativa(r.bitacora)).absoluteFilePath() : QString();
+      r.corrio && r.bitacoraEscrita
+          ? QDir::toNativeSeparators(QFileInfo(RutaNativa(r.bitacora)).absoluteFilePath())
+          : QString();
   if (ctx.json) {
     ctx.objeto.insert(QStringLiteral("empresa"), gNumEmp);
     ctx.objeto.insert(QStringLiteral("del"), op.Del.toString(Qt::ISODate));
@@ -82,7 +88,8 @@ int Generar(const Leidas &o, Contexto &ctx) {
     ctx.out << "No hay operaciones marcadas con reglas de pólizas: no se generó nada.\n";
     return kSalidaBien;
   }
-  ctx.out << "Bitácora: " << bitacora << "\n";
+  if (!bitacora.isEmpty())
+    ctx.out << "Bitácora: " << bitacora << "\n";
   ctx.out << "Pólizas grabadas: " << r.polizas << "\n";
   return kSalidaBien;
 }
@@ -97,7 +104,8 @@ ComandoCli ComandoGenerar() {
       "Genera las pólizas del período con las reglas de la empresa. Sin --operaciones\n"
       "toma todas las operaciones que tienen reglas. Escribe la bitácora de la corrida\n"
       "(TEMP\\ResumenPol<N>_<ddmmaaaa>.txt, o la de --bitacora) y termina con 6 si ya\n"
-      "existe y no se dio --agregar, con 7 si otra generación de la empresa está en curso.\n");
+      "existe y no se dio --agregar, con 7 si otra generación de la empresa está en\n"
+      "curso.\n");
   c.opciones = {OpcionEmpresa(false)};
   c.opciones += OpcionesEntrada();
   c.opciones +=

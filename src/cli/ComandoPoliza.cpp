@@ -2,10 +2,12 @@
 
 #include "journal/Polizas.h"
 #include "shell/ErrorFatal.h"
+#include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QRegularExpression>
 
 namespace cli {
 namespace {
@@ -14,13 +16,27 @@ namespace {
 QJsonValue Importe(Dinero d) { return d.Texto(); }
 
 int MostrarPoliza(const Leidas &o, Contexto &ctx) {
+  const QString dado = o.Texto(QStringLiteral("folio"));
+  if (!dado.isEmpty() && !o.Hay(QStringLiteral("tipo"))) {
+    ctx.err << "La opción --folio va con --tipo: un folio se repite en cada tipo de póliza.\n";
+    return kSalidaUso;
+  }
+  static const QRegularExpression digitos(QStringLiteral("^[0-9]{1,11}$"));
+  if (!dado.isEmpty() && !digitos.match(dado).hasMatch()) {
+    ctx.err << "La opción --folio espera un número de hasta 11 cifras: «" << dado << "».\n";
+    return kSalidaUso;
+  }
   SesionCli sesion = AbrirEmpresa(o);
   Conexion &con = *sesion.empresa;
   QString tipo = o.Texto(QStringLiteral("tipo"));
   QString folio = o.Texto(QStringLiteral("folio"));
   if (folio.isEmpty()) {
-    Registros r = con.Abrir(QStringLiteral("SELECT FOL_POLIZA,TIP_POLIZA FROM tblPolizasEnc "
-                                           "ORDER BY FEC_POLIZA,TIP_POLIZA,FOL_POLIZA;"));
+    // The first of the company, or of the type given.
+    Registros r = con.Abrir(
+        QStringLiteral("SELECT FOL_POLIZA,TIP_POLIZA FROM tblPolizasEnc%1 ORDER BY "
+                       "FEC_POLIZA,TIP_POLIZA,FOL_POLIZA;")
+            .arg(tipo.isEmpty() ? QString()
+                                : QStringLiteral(" WHERE TIP_POLIZA='%1'").arg(Escapar(tipo))));
     if (r.Vacio()) {
       if (ctx.json)
         ctx.objeto.insert(QStringLiteral("poliza"), QJsonValue());
@@ -31,10 +47,7 @@ int MostrarPoliza(const Leidas &o, Contexto &ctx) {
     folio = r.Campo(QStringLiteral("FOL_POLIZA")).Texto();
     tipo = r.Campo(QStringLiteral("TIP_POLIZA")).Texto();
   } else {
-    bool ok = false;
-    const qint64 numero = folio.toLongLong(&ok);
-    if (ok)
-      folio = FormatoFolio(numero);
+    folio = FormatoFolio(folio.toLongLong());
   }
   const std::optional<Poliza> p = LeerPoliza(con, folio, tipo);
   if (!p)
@@ -94,9 +107,9 @@ ComandoCli ComandoPoliza() {
   ComandoCli c;
   c.nombre = QStringLiteral("poliza");
   c.resumen = QStringLiteral("Muestra una póliza con sus renglones.");
-  c.descripcion = QStringLiteral(
-      "Muestra la póliza del tipo y folio dados con sus renglones y sus sumas; sin folio,\n"
-      "la primera de la empresa por fecha.\n");
+  c.descripcion =
+      QStringLiteral("Muestra la póliza del tipo y folio dados con sus renglones y sus sumas; sin\n"
+                     "folio, la primera de la empresa (o del tipo dado) por fecha.\n");
   c.opciones = {OpcionEmpresa(false),
                 {QStringLiteral("tipo"), Valor::TipoPoliza, QStringLiteral("T"),
                  QStringLiteral("tipo de la póliza (I, E, D, O, S)"), false},

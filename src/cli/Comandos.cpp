@@ -141,8 +141,8 @@ ComandoCli OpcionesGenerales() {
 const char *const kSalidas =
     "Salida:\n"
     "  0  bien\n"
-    "  1  uso: comando u opción desconocidos, repetidos, sin valor o con un valor de otra\n"
-    "     clase, o un argumento de más\n"
+    "  1  uso: un comando o una opción que no existen, una opción repetida o sin su\n"
+    "     valor, un valor de otra clase, o un argumento de más\n"
     "  2  error fatal: el mensaje y la sentencia van a la salida de errores\n"
     "  3  usuario desconocido o bloqueado, o contraseña incorrecta\n"
     "  4  la empresa no tiene formato de archivo\n"
@@ -168,10 +168,11 @@ QString AyudaGeneral() {
     texto += QStringLiteral("  ") + c.nombre.leftJustified(10) + c.resumen + QLatin1Char('\n');
   texto += QStringLiteral(
       "\n"
-      "CARPETA es la carpeta del programa (Nimbar.mdb, Nimbar.ini); por omisión la variable\n"
-      "ESCRIBANO_RUTA o la carpeta del ejecutable. Una contraseña se da con --clave P, con\n"
-      "--clave - (una línea de la entrada estándar, sin eco en una terminal) o en la\n"
-      "variable ESCRIBANO_CLAVE; nunca se muestra ni se escribe en la bitácora.\n"
+      "CARPETA es la carpeta del programa (Nimbar.mdb, Nimbar.ini); si no se da, la de\n"
+      "la variable ESCRIBANO_RUTA o la del ejecutable.\n"
+      "Una contraseña se da con --clave P, con --clave - (una línea de la entrada\n"
+      "estándar, sin eco en una terminal) o en la variable ESCRIBANO_CLAVE; la que se\n"
+      "da nunca se muestra ni se escribe en la bitácora.\n"
       "\n");
   return texto + QString::fromUtf8(kSalidas);
 }
@@ -190,11 +191,16 @@ int Ejecutar(const QStringList &args, const QString &rutaEjecutable, QTextStream
     err << error << "\n\n" << AyudaGeneral();
     return kSalidaUso;
   }
+  const bool ayuda = global.Hay(QStringLiteral("ayuda")) || global.Hay(QStringLiteral("help"));
   if (global.Hay(QStringLiteral("version"))) {
+    if (inicio < args.size()) {
+      err << "Sobra el argumento «" << args[inicio] << "»: --version va sola.\n";
+      return kSalidaUso;
+    }
     out << "escribano-cli " << ESCRIBANO_VERSION << "\n";
     return kSalidaBien;
   }
-  if (global.Hay(QStringLiteral("ayuda")) || global.Hay(QStringLiteral("help"))) {
+  if (ayuda && inicio >= args.size()) {
     out << AyudaGeneral();
     return kSalidaBien;
   }
@@ -211,7 +217,9 @@ int Ejecutar(const QStringList &args, const QString &rutaEjecutable, QTextStream
     err << "El comando «" << nombre << "» no existe.\n\n" << AyudaGeneral();
     return kSalidaUso;
   }
-  if (resto.contains(QStringLiteral("--ayuda")) || resto.contains(QStringLiteral("--help"))) {
+  // "escribano-cli --ayuda generar" and "escribano-cli generar --ayuda" alike.
+  if (ayuda || resto.contains(QStringLiteral("--ayuda")) ||
+      resto.contains(QStringLiteral("--help"))) {
     out << comando->Ayuda();
     return kSalidaBien;
   }
@@ -220,6 +228,11 @@ int Ejecutar(const QStringList &args, const QString &rutaEjecutable, QTextStream
         << comando->Sinopsis() << "Más detalle: escribano-cli " << nombre << " --ayuda\n";
     return kSalidaUso;
   };
+  for (const QString &arg : resto)
+    if (arg == QStringLiteral("--ruta") || arg.startsWith(QStringLiteral("--ruta=")))
+      return uso(QStringLiteral("La opción --ruta va antes del comando: escribano-cli --ruta "
+                                "CARPETA %1 …")
+                     .arg(nombre));
   Leidas opciones;
   if (!opciones.Leer(*comando, resto, error))
     return uso(error);
@@ -246,21 +259,28 @@ int Ejecutar(const QStringList &args, const QString &rutaEjecutable, QTextStream
         CatalogoMensajes::Instalar(nullptr);
     }
   } restaurar{propio};
-  try {
-    IniciarRutas(rutaEjecutable);
-    const int codigo = comando->correr(opciones, ctx);
+  // Under --json one object comes out whatever the end: its exit code, its messages and,
+  // after a fatal error, the error and its statement.
+  const auto terminar = [&](int codigo) {
     if (ctx.json) {
       ctx.objeto.insert(QStringLiteral("comando"), nombre);
       ctx.objeto.insert(QStringLiteral("salida"), codigo);
       out << QString::fromUtf8(QJsonDocument(ctx.objeto).toJson(QJsonDocument::Indented));
     }
     return codigo;
+  };
+  try {
+    IniciarRutas(rutaEjecutable);
+    return terminar(comando->correr(opciones, ctx));
   } catch (const ErrorFatal &e) {
     out.flush();
     err << CatalogoMensajes::Texto(100) << ": " << e.Mensaje() << "\n";
     if (!e.Sentencia().isEmpty())
       err << "Sentencia: " << e.Sentencia() << "\n";
-    return kSalidaFatal;
+    ctx.objeto.insert(QStringLiteral("error"), e.Mensaje());
+    if (!e.Sentencia().isEmpty())
+      ctx.objeto.insert(QStringLiteral("sentencia"), e.Sentencia());
+    return terminar(kSalidaFatal);
   }
 }
 

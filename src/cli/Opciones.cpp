@@ -1,5 +1,6 @@
 #include "cli/Opciones.h"
 
+#include "cli/Progreso.h"
 #include "shell/CargaEmpresa.h"
 #include "shell/CatalogoMensajes.h"
 #include "shell/Encriptacion.h"
@@ -40,7 +41,7 @@ QString Espera(Valor valor) {
   case Valor::Mes:
     return QStringLiteral("un mes AAAA-MM");
   case Valor::TipoPoliza:
-    return QStringLiteral("un tipo de póliza: I, E, D, O o S");
+    return QStringLiteral("un tipo de póliza (I, E, D, O o S)");
   default:
     return {};
   }
@@ -155,10 +156,11 @@ bool Leidas::Leer(const ComandoCli &comando, const QStringList &args, QString &e
       }
       continue;
     }
-    if (arg.contains(QLatin1Char('=')))
+    if (arg.contains(QLatin1Char('=')) && !arg.section(QLatin1Char('='), 1).isEmpty())
       continue;
-    if (i + 1 >= args.size() || (args[i + 1].startsWith(QLatin1Char('-')) &&
-                                 args[i + 1] != QStringLiteral("-") && !EsEntero(args[i + 1]))) {
+    if (arg.contains(QLatin1Char('=')) || i + 1 >= args.size() || args[i + 1].isEmpty() ||
+        (args[i + 1].startsWith(QLatin1Char('-')) && args[i + 1] != QStringLiteral("-") &&
+         !EsEntero(args[i + 1]))) {
       error =
           QStringLiteral("A la opción %1 le falta su valor (%2).").arg(Guiones(nombre), o->muestra);
       return false;
@@ -200,7 +202,9 @@ bool Leidas::Leer(const ComandoCli &comando, const QStringList &args, QString &e
       }
       continue;
     }
-    const QString valor = o.valor == Valor::Ninguno ? QString() : parser.value(o.nombre);
+    QString valor = o.valor == Valor::Ninguno ? QString() : parser.value(o.nombre);
+    if (o.valor == Valor::TipoPoliza)
+      valor = valor.toUpper();
     if (!ValorValido(o.valor, valor)) {
       error = QStringLiteral("La opción %1 espera %2: «%3».")
                   .arg(Guiones(o.nombre), Espera(o.valor), valor);
@@ -248,28 +252,28 @@ bool Leidas::LeerClaves(const ComandoCli &comando, QString &error) {
 }
 
 RespuestaMensaje PresentadorCli::Presentar(const Mensaje &mensaje) {
-  if (mensaje.icono == IconoMensaje::Informacion && ctx_.json) {
+  const bool pregunta =
+      mensaje.botones == BotonesMensaje::SiNo || mensaje.botones == BotonesMensaje::SiNoCancelar;
+  const QString texto = pregunta ? mensaje.texto.trimmed() + QStringLiteral(" Sí.") : mensaje.texto;
+  if (ctx_.linea)
+    ctx_.linea->Borrar();
+  if (ctx_.json) {
     QJsonArray mensajes = ctx_.objeto.value(QStringLiteral("mensajes")).toArray();
-    mensajes.append(mensaje.texto);
+    mensajes.append(texto);
     ctx_.objeto.insert(QStringLiteral("mensajes"), mensajes);
-  } else {
+  }
+  if (!(ctx_.json && mensaje.icono == IconoMensaje::Informacion)) {
     QTextStream &destino = (mensaje.icono == IconoMensaje::Informacion) ? ctx_.out : ctx_.err;
-    destino << mensaje.texto << "\n";
+    destino << texto << "\n";
     destino.flush();
   }
-  switch (mensaje.botones) {
-  case BotonesMensaje::SiNo:
-  case BotonesMensaje::SiNoCancelar:
-    return RespuestaMensaje::Si;
-  default:
-    return RespuestaMensaje::Aceptar;
-  }
+  return pregunta ? RespuestaMensaje::Si : RespuestaMensaje::Aceptar;
 }
 
 SesionCli AbrirEmpresa(const Leidas &opciones) {
   const QString general = UnirRuta(gRutaApp, QStringLiteral("nimbar.mdb"));
   if (!QFileInfo::exists(RutaNativa(general)))
-    throw ErrorFatal(CatalogoMensajes::Texto(300) + QLatin1Char('\n') + general);
+    throw ErrorFatal(CatalogoMensajes::Texto(300) + QLatin1Char('\n') + RutaNativa(general));
   ServicioConexion servicio;
   SesionCli sesion;
   sesion.general = servicio.AbrirConexionGeneral(gConexionGeneral);

@@ -43,6 +43,7 @@ struct OpcionCli {
 
 struct Contexto;
 class Leidas;
+class LineaAvance;
 
 // A command: its name, what it does, its options; the usage, the checks and the help
 // all come from here.
@@ -92,11 +93,13 @@ struct Contexto {
   bool json = false;
   bool progreso = false; // a progress line on standard error
   QJsonObject objeto;    // what --json prints at the end
+  LineaAvance *linea = nullptr; // the progress line drawn now, erased before any message
 };
 
-// Shows the catalogue's messages on the terminal: information on standard output (into
-// the JSON object's "mensajes" under --json), warnings and errors on standard error;
-// questions take the given answer.
+// Shows the catalogue's messages on the terminal: information on standard output,
+// warnings and errors on standard error, the progress line erased first; questions take
+// the answer the command line gave (Sí), and say so. Under --json every message goes into
+// the object's "mensajes" as well, and none to standard output.
 class PresentadorCli : public PresentadorMensajes {
 public:
   explicit PresentadorCli(Contexto &ctx) : ctx_(ctx) {}

@@ -121,6 +121,7 @@ ResultadoGeneracion Generador::GenerarPolizas(const ArbolOperaciones &arbol) {
   polizas_ = 0;
   detenida_ = false;
   bitacora_.AbrirBitacora(*c_.Conexion, op_);
+  resultado.bitacoraEscrita = bitacora_.Abierta();
   estado_.reglas = c_.NumConceptos;
   for (int i = 1; i <= c_.NumConceptos && !Detenida(); ++i) {
     c_.ConceptoActual = i;

@@ -29,6 +29,7 @@ struct ResultadoGeneracion {
   bool hubo = false;     // an entry was written (message 108), else 5508
   int polizas = 0;       // entries written or redone in this run
   QString bitacora;      // the log file used
+  bool bitacoraEscrita = false; // false when it could not be opened: the run went on without
   bool detenida = false; // stopped by the user between two entries
 };
 

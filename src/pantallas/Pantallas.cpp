@@ -5,6 +5,7 @@
 #include "shell/Rutas.h"
 #include "shell/Sesion.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QDateEdit>
 #include <QDesktopServices>
@@ -12,10 +13,13 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QShortcutEvent>
 #include <QUrl>
+#include <QValidator>
 #include <QWidget>
 
 QString ColorFamilia() { return QStringLiteral("rgb(210, 230, 245)"); }
@@ -55,13 +59,61 @@ bool VistaPreviaTeclas::eventFilter(QObject *objeto, QEvent *evento) {
   return manejador_(control, static_cast<QKeyEvent *>(evento));
 }
 
+namespace {
+
+// The check of one text field: no more apostrophes than it holds already. Wraps the
+// field's own validator (a digits-only field stays so).
+class ValidadorSinApostrofe : public QValidator {
+public:
+  ValidadorSinApostrofe(QLineEdit *campo, const QValidator *propio)
+      : QValidator(campo), campo_(campo), propio_(propio) {}
+  State validate(QString &texto, int &posicion) const override {
+    if (texto.count(QLatin1Char('\'')) > campo_->text().count(QLatin1Char('\''))) {
+      QApplication::beep();
+      return Invalid;
+    }
+    return propio_ ? propio_->validate(texto, posicion) : Acceptable;
+  }
+  void fixup(QString &texto) const override {
+    if (propio_)
+      propio_->fixup(texto);
+  }
+
+private:
+  QLineEdit *campo_;
+  QPointer<const QValidator> propio_;
+};
+
+} // namespace
+
 RechazoApostrofe::RechazoApostrofe(QWidget *ventana)
-    : VistaPreviaTeclas(ventana, [](QWidget *, QKeyEvent *tecla) {
-        if (tecla->text() != QLatin1String("'"))
-          return false;
-        QApplication::beep();
-        return true;
-      }) {}
+    : VistaPreviaTeclas(ventana,
+                        [](QWidget *, QKeyEvent *tecla) {
+                          if (tecla->text() != QLatin1String("'"))
+                            return false;
+                          QApplication::beep();
+                          return true;
+                        }),
+      ventana_(ventana) {
+  for (QLineEdit *campo : ventana->findChildren<QLineEdit *>())
+    Vigilar(campo);
+}
+
+bool RechazoApostrofe::eventFilter(QObject *objeto, QEvent *evento) {
+  // Fields made after the window get their check before they are first shown.
+  if (evento->type() == QEvent::Polish)
+    if (auto *campo = qobject_cast<QLineEdit *>(objeto); campo && ventana_->isAncestorOf(campo))
+      Vigilar(campo);
+  return VistaPreviaTeclas::eventFilter(objeto, evento);
+}
+
+void RechazoApostrofe::Vigilar(QLineEdit *campo) {
+  // A date's text is its own; the check is put on once.
+  if (qobject_cast<QAbstractSpinBox *>(campo->parentWidget()) ||
+      dynamic_cast<const ValidadorSinApostrofe *>(campo->validator()))
+    return;
+  campo->setValidator(new ValidadorSinApostrofe(campo, campo->validator()));
+}
 
 namespace {
 

@@ -8,6 +8,7 @@
 
 class QDateEdit;
 class QLabel;
+class QLineEdit;
 class QProgressBar;
 class QPushButton;
 class QDialog;
@@ -84,11 +85,20 @@ private:
   Manejador manejador_;
 };
 
-// Swallows the apostrophe with a beep in every text field of a window, present and
-// future: statements are built as text and values between apostrophes aren't escaped.
+// Refuses the apostrophe with a beep in every text field and editable list of a window,
+// present and future, however it comes: typed, pasted (keys or context menu), dropped or
+// composed by an input method. A text that already holds one (read from the database) can
+// still be edited; only a new apostrophe is refused.
 class RechazoApostrofe : public VistaPreviaTeclas {
 public:
   explicit RechazoApostrofe(QWidget *ventana);
+
+protected:
+  bool eventFilter(QObject *objeto, QEvent *evento) override;
+
+private:
+  void Vigilar(QLineEdit *campo);
+  QWidget *ventana_;
 };
 
 // Enter moves to the next control, as a Tab would, in every control of a window but

@@ -14,6 +14,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
+#include <iterator>
 #include <string>
 
 bool ErrorEsTerminal() {
@@ -26,6 +27,21 @@ bool ErrorEsTerminal() {
 
 namespace {
 
+#ifndef Q_OS_WIN
+// What the terminal was before its echo went off: an interruption while a password is
+// typed puts it back before the process ends, or the shell would be left blind.
+termios gModoTerminal{};
+volatile sig_atomic_t gEcoApagado = 0;
+
+extern "C" void DevolverEcoYTerminar(int senal) {
+  if (gEcoApagado)
+    tcsetattr(STDIN_FILENO, TCSAFLUSH, &gModoTerminal);
+  [[maybe_unused]] const ssize_t escrito = write(STDERR_FILENO, "\n", 1);
+  signal(senal, SIG_DFL);
+  raise(senal);
+}
+#endif
+
 // Turns the echo of the console's input off while it lives.
 class SinEco {
 public:
@@ -37,6 +53,13 @@ public:
 #else
     activo_ = tcgetattr(STDIN_FILENO, &modo_) == 0;
     if (activo_) {
+      gModoTerminal = modo_;
+      gEcoApagado = 1;
+      struct sigaction accion {};
+      accion.sa_handler = DevolverEcoYTerminar;
+      sigemptyset(&accion.sa_mask);
+      for (std::size_t i = 0; i < std::size(kSenales); ++i)
+        sigaction(kSenales[i], &accion, &anteriores_[i]);
       termios sinEco = modo_;
       sinEco.c_lflag &= ~static_cast<tcflag_t>(ECHO);
       activo_ = tcsetattr(STDIN_FILENO, TCSAFLUSH, &sinEco) == 0;
@@ -50,6 +73,9 @@ public:
     SetConsoleMode(entrada_, modo_);
 #else
     tcsetattr(STDIN_FILENO, TCSAFLUSH, &modo_);
+    gEcoApagado = 0;
+    for (std::size_t i = 0; i < std::size(kSenales); ++i)
+      sigaction(kSenales[i], &anteriores_[i], nullptr);
 #endif
   }
   SinEco(const SinEco &) = delete;
@@ -61,7 +87,9 @@ private:
   HANDLE entrada_ = nullptr;
   DWORD modo_ = 0;
 #else
+  static constexpr int kSenales[] = {SIGINT, SIGTERM, SIGHUP, SIGQUIT};
   termios modo_{};
+  struct sigaction anteriores_[std::size(kSenales)]{};
 #endif
 };
 

@@ -153,7 +153,7 @@ TEST_P(Exportar, BadDatesAndMissingOptionsExitOneWithTheUsage) {
       {Opciones() << QStringLiteral("--operacion") << QStringLiteral("x"),
        "La opción --operacion espera un número entero: «x»."},
       {Opciones() << QStringLiteral("--tipo") << QStringLiteral("X"),
-       "La opción --tipo espera un tipo de póliza: I, E, D, O o S: «X»."},
+       "La opción --tipo espera un tipo de póliza (I, E, D, O o S): «X»."},
   };
   emp->grabadora.sentencias.clear();
   const QString uso = QStringLiteral("\n\n") + cli::ComandoExportar().Sinopsis() +

@@ -128,7 +128,7 @@ TEST_F(Opciones, EveryWrongCommandLineExitsOneNamingTheOptionAndChangesNothing) 
       {"exportar", exp + L({"--operacion", "2.5"}),
        "La opción --operacion espera un número entero: «2.5»."},
       {"poliza", L({"poliza", "--tipo", "X"}),
-       "La opción --tipo espera un tipo de póliza: I, E, D, O o S: «X»."},
+       "La opción --tipo espera un tipo de póliza (I, E, D, O o S): «X»."},
       // A stray word.
       {"generar", gen + L({"extra"}),
        "Sobra el argumento «extra»: el comando generar no lo espera."},
@@ -184,6 +184,22 @@ TEST_F(Opciones, EachCommandHasItsHelpAndTheProgramItsVersion) {
   const SalidaCli g = CorrerCli({QStringLiteral("--ayuda")});
   EXPECT_EQ(g.codigo, 0);
   EXPECT_EQ(g.out, cli::AyudaGeneral());
+  // Every line of every help fits a terminal of 80 columns.
+  QString todas = cli::AyudaGeneral();
+  for (const cli::ComandoCli &c : cli::TodosLosComandos())
+    todas += c.Ayuda();
+  for (const QString &linea : todas.split(QLatin1Char('\n')))
+    EXPECT_LE(linea.size(), 80) << linea.toStdString();
+  // The help of a command asked either way; --version alone.
+  EXPECT_EQ(CorrerCli({QStringLiteral("--ayuda"), QStringLiteral("poliza")}).out,
+            cli::TodosLosComandos()[3].Ayuda());
+  const SalidaCli sobra = CorrerCli({QStringLiteral("--version"), QStringLiteral("extra")});
+  EXPECT_EQ(sobra.codigo, 1);
+  EXPECT_EQ(sobra.err, QStringLiteral("Sobra el argumento «extra»: --version va sola.\n"));
+  const SalidaCli ruta = Correr({QStringLiteral("resumen"), QStringLiteral("--ruta"), dir->path()});
+  EXPECT_EQ(ruta.codigo, 1);
+  EXPECT_TRUE(ruta.err.startsWith(QStringLiteral(
+      "La opción --ruta va antes del comando: escribano-cli --ruta CARPETA resumen")));
   const SalidaCli v = CorrerCli({QStringLiteral("--version")});
   EXPECT_EQ(v.codigo, 0);
   EXPECT_EQ(v.out, QStringLiteral("escribano-cli " ESCRIBANO_VERSION "\n"));
@@ -323,8 +339,8 @@ TEST(Leidas, EachKindOfValueIsCheckedAndRead) {
        "La opción --n espera un número entero: «99999999999»."},
       {{QStringLiteral("--lista"), QStringLiteral("1,,2")},
        "La opción --lista espera números enteros separados por comas: «1,,2»."},
-      {{QStringLiteral("--tipo"), QStringLiteral("e")},
-       "La opción --tipo espera un tipo de póliza: I, E, D, O o S: «e»."},
+      {{QStringLiteral("--tipo"), QStringLiteral("EE")},
+       "La opción --tipo espera un tipo de póliza (I, E, D, O o S): «EE»."},
   };
   for (const auto &[args, mensaje] : malos) {
     EXPECT_FALSE(o.Leer(c, args, error)) << mensaje;
