@@ -61,14 +61,19 @@ bool VistaPreviaTeclas::eventFilter(QObject *objeto, QEvent *evento) {
 
 namespace {
 
-// The check of one text field: no more apostrophes than it holds already. Wraps the
-// field's own validator (a digits-only field stays so).
+// The check of one text field: no more apostrophes than it held before the change (the
+// text set by the program, read from the database, counts as held). Wraps the field's own
+// validator: a digits-only field stays so.
 class ValidadorSinApostrofe : public QValidator {
 public:
   ValidadorSinApostrofe(QLineEdit *campo, const QValidator *propio)
-      : QValidator(campo), campo_(campo), propio_(propio) {}
+      : QValidator(campo), campo_(campo), propio_(propio), anterior_(campo->text()) {
+    connect(campo, &QLineEdit::textChanged, this, [this](const QString &t) { anterior_ = t; });
+  }
   State validate(QString &texto, int &posicion) const override {
-    if (texto.count(QLatin1Char('\'')) > campo_->text().count(QLatin1Char('\''))) {
+    // A text set by the program isn't the user's: it is taken as it comes.
+    if (campo_->isModified() &&
+        texto.count(QLatin1Char('\'')) > anterior_.count(QLatin1Char('\''))) {
       QApplication::beep();
       return Invalid;
     }
@@ -82,6 +87,7 @@ public:
 private:
   QLineEdit *campo_;
   QPointer<const QValidator> propio_;
+  QString anterior_;
 };
 
 } // namespace

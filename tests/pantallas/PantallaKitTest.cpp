@@ -9,11 +9,13 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QDateEdit>
 #include <QDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QRegularExpressionValidator>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -494,4 +496,35 @@ TEST(PresentadorDialogo, AWarningShowsItsIcon) {
   PresentarYResponder(m, vista, [](QMessageBox *caja) { caja->button(QMessageBox::Ok)->click(); });
   EXPECT_EQ(vista.icono, QMessageBox::Warning);
   EXPECT_EQ(vista.titulo, QStringLiteral("Sistema"));
+}
+
+TEST(RechazoApostrofe, ATextReadWithOneCanBeEditedButGetsNoOtherAndADigitsFieldStaysSo) {
+  QWidget ventana;
+  auto *capa = new QVBoxLayout(&ventana);
+  auto *nombre = new QLineEdit(&ventana);
+  auto *numero = new QLineEdit(&ventana);
+  numero->setValidator(
+      new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9-]*")), numero));
+  capa->addWidget(nombre);
+  capa->addWidget(numero);
+  new RechazoApostrofe(&ventana);
+  // A field made after the guard gets it as well.
+  auto *tarde = new QLineEdit(&ventana);
+  capa->addWidget(tarde);
+  ventana.show();
+  nombre->setText(QStringLiteral("D'ANGELO"));
+  nombre->setFocus();
+  nombre->end(false);
+  QTest::keyClicks(nombre, QStringLiteral(" S.A."));
+  EXPECT_EQ(nombre->text(), QStringLiteral("D'ANGELO S.A."));
+  nombre->insert(QStringLiteral("'"));
+  EXPECT_EQ(nombre->text(), QStringLiteral("D'ANGELO S.A."));
+  numero->insert(QStringLiteral("12a"));
+  EXPECT_EQ(numero->text(), QString());
+  numero->insert(QStringLiteral("1-2"));
+  EXPECT_EQ(numero->text(), QStringLiteral("1-2"));
+  tarde->setFocus();
+  QApplication::clipboard()->setText(QStringLiteral("O'BRIEN"));
+  tarde->paste();
+  EXPECT_EQ(tarde->text(), QString());
 }

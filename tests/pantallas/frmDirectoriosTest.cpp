@@ -1,5 +1,6 @@
 #include "pantallas/frmDirectorios.h"
 #include "Capturas.h"
+#include "pantallas/Apostrofos.h"
 #include "shell/Sesion.h"
 
 #include <QApplication>
@@ -60,4 +61,13 @@ TEST(frmDirectorios, AStartingFolderThatDoesntExistIsIgnored) {
   gRutaDirectorio = QStringLiteral("/no/existe/jamas");
   frmDirectorios f;
   EXPECT_EQ(f.CarpetaActual(), QString());
+}
+
+TEST(frmDirectorios, TheApostropheIsRefusedHoweverItComes) {
+  QTemporaryDir dir;
+  gRutaDirectorio = dir.path();
+  frmDirectorios f;
+  f.show();
+  QApplication::setActiveWindow(&f);
+  EXPECT_GE(IntentarApostrofos(&f), 1);
 }

@@ -1,4 +1,5 @@
 #include "pantallas/frmTeclado.h"
+#include "pantallas/Apostrofos.h"
 
 #include <QPushButton>
 #include <QTest>
@@ -23,4 +24,11 @@ TEST(Teclado, ForAPasswordWhatIsTypedStaysMasked) {
   EXPECT_EQ(t.txtTexto->echoMode(), QLineEdit::Password);
   EXPECT_EQ(t.Texto(), QStringLiteral("x"));
   EXPECT_NE(t.txtTexto->displayText(), QStringLiteral("x"));
+}
+
+TEST(Teclado, TheApostropheIsRefusedHoweverItComes) {
+  frmTeclado t;
+  t.show();
+  QApplication::setActiveWindow(&t);
+  EXPECT_EQ(IntentarApostrofos(&t), 1);
 }

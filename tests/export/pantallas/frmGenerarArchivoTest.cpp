@@ -1,4 +1,5 @@
 #include "export/pantallas/frmGenerarArchivo.h"
+#include "pantallas/Apostrofos.h"
 #include "Capturas.h"
 #include "export/ApoyoExportacion.h"
 #include "pantallas/PantallaBarra.h"
@@ -358,3 +359,10 @@ TEST_P(PantallaArchivo, EscapeClosesTheScreen) {
 
 INSTANTIATE_TEST_SUITE_P(Motores, PantallaArchivo, testing::ValuesIn(MotoresDePrueba()),
                          NombreMotor);
+
+TEST_P(PantallaArchivo, TheApostropheIsRefusedHoweverItComesAndReachesNoStatement) {
+  auto f = Abrir();
+  IntentarApostrofos(f.get());
+  for (const QString &s : emp->grabadora.sentencias)
+    EXPECT_FALSE(s.contains(QStringLiteral("BRIEN"))) << s.toStdString();
+}

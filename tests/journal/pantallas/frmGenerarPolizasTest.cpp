@@ -1,4 +1,5 @@
 #include "journal/pantallas/frmGenerarPolizas.h"
+#include "pantallas/Apostrofos.h"
 #include "Capturas.h"
 #include "journal/FixtureGeneracion.h"
 #include "shell/ErrorFatal.h"
@@ -531,3 +532,10 @@ TEST_P(PantallaGeneracion, AFailureDuringTheRunEndsItWithWhatWasWritten) {
 
 INSTANTIATE_TEST_SUITE_P(Motores, PantallaGeneracion, testing::ValuesIn(MotoresDePrueba()),
                          NombreMotor);
+
+TEST_P(PantallaGeneracion, TheApostropheIsRefusedHoweverItComesAndReachesNoStatement) {
+  auto f = Abrir();
+  EXPECT_GE(IntentarApostrofos(f.get()), 1);
+  for (const QString &s : emp->grabadora.sentencias)
+    EXPECT_FALSE(s.contains(QStringLiteral("BRIEN"))) << s.toStdString();
+}

@@ -1,5 +1,6 @@
 #include "shell/pantallas/frmEntrada.h"
 #include "Apoyo.h"
+#include "pantallas/Apostrofos.h"
 #include "Capturas.h"
 #include "db/EmpresaDemo.h"
 #include "shell/Encriptacion.h"
@@ -584,4 +585,15 @@ TEST(frmTeclado, TheApostropheIsRefusedInItsField) {
   t.txtTexto->setFocus();
   QTest::keyClicks(t.txtTexto, QStringLiteral("d'a"));
   EXPECT_EQ(t.Texto(), QStringLiteral("da"));
+}
+
+TEST_P(Entrada, TheApostropheIsRefusedHoweverItComesAndReachesNoStatement) {
+  auto f = Abrir();
+  EXPECT_GE(IntentarApostrofos(f.get()), 2);
+  // The login goes on with what the fields hold: nothing of the pasted name.
+  f->txtCod->setFocus();
+  QTest::keyClick(f->txtCod, Qt::Key_Return);
+  QTest::keyClick(f->txtPass, Qt::Key_Return);
+  for (const QString &s : emp->grabadora.sentencias)
+    EXPECT_FALSE(s.contains(QStringLiteral("BRIEN"))) << s.toStdString();
 }
