@@ -9,6 +9,7 @@ paquetes=(
   unixodbc unixodbc-dev odbc-mariadb tdsodbc
   mariadb-server mariadb-client
   xvfb xauth fonts-dejavu-core poppler-utils valgrind
+  qt6-translations-l10n
 )
 
 faltan=()

@@ -1,10 +1,10 @@
 #include "export/pantallas/frmGenerarArchivo.h"
 #include "journal/pantallas/frmGenerarPolizas.h"
+#include "pantallas/PantallaDialogo.h"
+#include "pantallas/Pantallas.h"
 #include "shell/CatalogoMensajes.h"
 #include "shell/ErrorFatal.h"
 #include "shell/FinOrdenado.h"
-#include "pantallas/PantallaDialogo.h"
-#include "pantallas/Pantallas.h"
 #include "shell/Sesion.h"
 #include "shell/pantallas/frmEntrada.h"
 #include "shell/pantallas/mdiMnuPri.h"
@@ -53,6 +53,7 @@ int main(int argc, char **argv) {
   Aplicacion app(argc, argv);
   QApplication::setApplicationName(CatalogoMensajes::Texto(100));
   QApplication::setApplicationVersion(QLatin1String(kVersionPrograma));
+  PrepararIdioma();
   PresentadorDialogo presentador;
   CatalogoMensajes::Instalar(&presentador);
   try {

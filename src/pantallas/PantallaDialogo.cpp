@@ -63,7 +63,7 @@ RespuestaMensaje PresentadorDialogo::Presentar(const Mensaje &mensaje) {
   const std::vector<Boton> botones = Botones(mensaje.botones);
   for (const Boton &b : botones)
     caja.addButton(b.estandar)->setText(QString::fromUtf8(b.texto));
-  caja.setDefaultButton(botones.front().estandar);
+  caja.setDefaultButton(mensaje.noPorOmision ? QMessageBox::No : botones.front().estandar);
   caja.setEscapeButton(botones.back().estandar);
   // A message shown during a long run comes with the arrow, not the hourglass.
   QGuiApplication::setOverrideCursor(Qt::ArrowCursor);

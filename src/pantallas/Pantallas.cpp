@@ -10,19 +10,58 @@
 #include <QDateEdit>
 #include <QDesktopServices>
 #include <QDialog>
+#include <QDir>
+#include <QFileDialog>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLibraryInfo>
 #include <QLineEdit>
+#include <QLocale>
+#include <QPainter>
 #include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QShortcutEvent>
+#include <QTranslator>
 #include <QUrl>
 #include <QValidator>
 #include <QWidget>
 
 QString ColorFamilia() { return QStringLiteral("rgb(210, 230, 245)"); }
+
+bool PrepararIdioma() {
+  QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Mexico));
+  auto *traductor = new QTranslator(qApp);
+  const QString carpeta = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+  if (!traductor->load(QLocale(QLocale::Spanish), QStringLiteral("qtbase"), QStringLiteral("_"),
+                       carpeta)) {
+    delete traductor;
+    return false;
+  }
+  QCoreApplication::installTranslator(traductor);
+  return true;
+}
+
+QString PedirArchivo(QWidget *padre, const QString &titulo, const QString &filtro,
+                     const QString &carpeta, bool guardar) {
+  // Qt's own dialog, which speaks the program's language whatever the desktop's.
+  QFileDialog dialogo(padre, titulo, RutaNativa(carpeta), filtro);
+  dialogo.setOption(QFileDialog::DontUseNativeDialog);
+  if (guardar) {
+    // The screen asks its own question before writing over a file.
+    dialogo.setAcceptMode(QFileDialog::AcceptSave);
+    dialogo.setOption(QFileDialog::DontConfirmOverwrite);
+    dialogo.setDefaultSuffix(QStringLiteral("txt"));
+  } else {
+    // A file that doesn't exist yet may be named as well (a log the run creates).
+    dialogo.setFileMode(QFileDialog::AnyFile);
+    dialogo.setAcceptMode(QFileDialog::AcceptOpen);
+  }
+  if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty())
+    return {};
+  return QDir::toNativeSeparators(dialogo.selectedFiles().constFirst());
+}
 
 void PrepararVentana(QDialog *ventana, const QString &nombre, const QString &titulo) {
   ventana->setObjectName(nombre);
@@ -146,6 +185,45 @@ EnterSiguiente::EnterSiguiente(QWidget *ventana, QStringList excepciones)
         EnviarTab(control);
         return true;
       }) {}
+
+QStringList ConTeclas(const QStringList &leyendas) {
+  QString tomadas;
+  QStringList conTecla;
+  for (const QString &leyenda : leyendas) {
+    QString marcada = leyenda;
+    for (qsizetype i = 0; i < leyenda.size(); ++i) {
+      const QChar letra = leyenda[i].toLower();
+      if (letra.isLetter() && letra.unicode() < 128 && !tomadas.contains(letra)) {
+        tomadas += letra;
+        marcada.insert(i, QLatin1Char('&'));
+        break;
+      }
+    }
+    conTecla << marcada;
+  }
+  return conTecla;
+}
+
+EtiquetaRecortada::EtiquetaRecortada(QWidget *padre) : QLabel(padre) {}
+
+void EtiquetaRecortada::Tip(const QString &tip) {
+  tip_ = tip;
+  setToolTip(tip);
+}
+
+QSize EtiquetaRecortada::minimumSizeHint() const {
+  return {fontMetrics().horizontalAdvance(QStringLiteral("…")) + 2 * margin(),
+          QLabel::minimumSizeHint().height()};
+}
+
+void EtiquetaRecortada::paintEvent(QPaintEvent *) {
+  const QRect zona = contentsRect().adjusted(margin(), margin(), -margin(), -margin());
+  const QString visible = fontMetrics().elidedText(text(), Qt::ElideRight, zona.width());
+  setToolTip(visible == text() ? tip_ : text());
+  QPainter pintor(this);
+  pintor.setPen(palette().color(QPalette::WindowText));
+  pintor.drawText(zona, static_cast<int>(alignment()), visible);
+}
 
 void EnviarTab(QWidget *control) {
   // To the window, not the control: a date keeps a Tab of its own to move between day,

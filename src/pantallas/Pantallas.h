@@ -1,13 +1,13 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QObject>
 #include <QString>
 #include <QStringList>
 #include <functional>
 
 class QDateEdit;
-class QLabel;
 class QLineEdit;
 class QProgressBar;
 class QPushButton;
@@ -20,6 +20,18 @@ class QWidget;
 
 // The family's pale blue (red 210, green 230, blue 245), as a style sheet fragment.
 QString ColorFamilia();
+
+// Mexican Spanish for every widget, and Qt's own texts (file dialogs, calendars, standard
+// buttons, context menus) in Spanish whatever the machine's language. False when Qt's
+// Spanish translation isn't installed (the texts of Qt stay in English).
+bool PrepararIdioma();
+
+// The file dialog of the screens, opened in carpeta: to name a file to write (guardar: a
+// name without extension gets ".txt", and no question about writing over it) or to open
+// one, which may not exist yet. The name chosen with the platform's separators, or the
+// empty text.
+QString PedirArchivo(QWidget *padre, const QString &titulo, const QString &filtro,
+                     const QString &carpeta, bool guardar);
 
 // A dialog of the family: its object name, caption, modality, and the family's colour
 // behind it.
@@ -107,6 +119,26 @@ private:
 class EnterSiguiente : public VistaPreviaTeclas {
 public:
   explicit EnterSiguiente(QWidget *ventana, QStringList excepciones = {});
+};
+
+// The captions of one menu, or of a menu bar, each with an access key (a letter
+// underlined, "&Archivo"): the first letter of each caption that no caption before it
+// took. The texts themselves stay as they are.
+QStringList ConTeclas(const QStringList &leyendas);
+
+// A label whose text, when it doesn't fit, ends in "…" and shows whole in the tool tip
+// (else the tool tip given by Tip). text() is always the whole text.
+class EtiquetaRecortada : public QLabel {
+public:
+  explicit EtiquetaRecortada(QWidget *padre = nullptr);
+  void Tip(const QString &tip);
+  QSize minimumSizeHint() const override;
+
+protected:
+  void paintEvent(QPaintEvent *evento) override;
+
+private:
+  QString tip_;
 };
 
 // A Tab for a control: the focus goes on from it to the next control of its window.

@@ -181,9 +181,11 @@ RespuestaMensaje CatalogoMensajes::MostrarTexto(const QString &texto, IconoMensa
 }
 
 RespuestaMensaje CatalogoMensajes::Caja(const QString &texto, const QString &titulo,
-                                        IconoMensaje icono, BotonesMensaje botones, int id) {
+                                        IconoMensaje icono, BotonesMensaje botones, int id,
+                                        bool noPorOmision) {
   Mensaje mensaje;
   mensaje.id = id;
+  mensaje.noPorOmision = noPorOmision;
   mensaje.titulo = titulo;
   mensaje.texto = texto;
   mensaje.icono = icono;

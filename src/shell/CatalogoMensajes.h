@@ -18,6 +18,7 @@ struct Mensaje {
   QString texto;
   IconoMensaje icono = IconoMensaje::Informacion;
   BotonesMensaje botones = BotonesMensaje::Aceptar;
+  bool noPorOmision = false; // a question whose safe answer is No: Enter answers it
 };
 
 class PresentadorMensajes {
@@ -45,7 +46,8 @@ public:
                                        BotonesMensaje botones = BotonesMensaje::Aceptar);
   // Shows a message with a given title (the boxes that the screens build themselves).
   static RespuestaMensaje Caja(const QString &texto, const QString &titulo, IconoMensaje icono,
-                               BotonesMensaje botones = BotonesMensaje::Aceptar, int id = 0);
+                               BotonesMensaje botones = BotonesMensaje::Aceptar, int id = 0,
+                               bool noPorOmision = false);
 
   // The presenter in use; the CLI's (standard error) until another is installed.
   static void Instalar(PresentadorMensajes *presentador);

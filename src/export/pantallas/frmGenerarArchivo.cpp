@@ -4,12 +4,13 @@
 #include "pantallas/PantallaBarra.h"
 #include "pantallas/PantallaCombos.h"
 #include "pantallas/Pantallas.h"
+#include "shell/Rutas.h"
+#include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
 
 #include <QCoreApplication>
 #include <QDateEdit>
 #include <QDir>
-#include <QFileDialog>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -18,11 +19,14 @@
 
 namespace {
 
+// The file is named in the export folder of the family's reports (ExportDir of Report.ini),
+// or the program's Export folder when the key is missing.
 QString GuardarEnDisco(QWidget *padre, const QString &titulo, const QString &filtro) {
-  // The screen asks its own question before writing over a file.
-  const QString nombre = QFileDialog::getSaveFileName(padre, titulo, QString(), filtro, nullptr,
-                                                      QFileDialog::DontConfirmOverwrite);
-  return QDir::toNativeSeparators(nombre);
+  QString carpeta =
+      ServicioUtil::LeerIni(QStringLiteral("Config"), QStringLiteral("ExportDir"), RutaReportIni());
+  if (carpeta.isEmpty())
+    carpeta = UnirRuta(gRutaApp, QStringLiteral("Export"));
+  return PedirArchivo(padre, titulo, filtro, carpeta, true);
 }
 
 ComboDatos *Filtro(QWidget *padre, const char *nombre) {

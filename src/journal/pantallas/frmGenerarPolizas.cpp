@@ -6,6 +6,7 @@
 #include "pantallas/PantallaBarra.h"
 #include "pantallas/Pantallas.h"
 #include "shell/CatalogoMensajes.h"
+#include "shell/Rutas.h"
 #include "shell/ServicioConexion.h"
 #include "shell/Sesion.h"
 
@@ -13,7 +14,6 @@
 #include <QCoreApplication>
 #include <QDateEdit>
 #include <QDir>
-#include <QFileDialog>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -32,13 +32,7 @@ namespace {
 constexpr int kPasosPorRegla = 100;
 
 QString BuscarEnDisco(QWidget *padre, const QString &titulo, const QString &filtro) {
-  QFileDialog dialogo(padre, titulo, QString(), filtro);
-  // A log that doesn't exist yet may be named as well: the run creates it.
-  dialogo.setFileMode(QFileDialog::AnyFile);
-  dialogo.setAcceptMode(QFileDialog::AcceptOpen);
-  if (dialogo.exec() != QDialog::Accepted || dialogo.selectedFiles().isEmpty())
-    return {};
-  return QDir::toNativeSeparators(dialogo.selectedFiles().constFirst());
+  return PedirArchivo(padre, titulo, filtro, UnirRuta(gRutaApp, QStringLiteral("TEMP")), false);
 }
 
 } // namespace
@@ -157,7 +151,7 @@ OpcionesGeneracion frmGenerarPolizas::Opciones() const {
 
 void frmGenerarPolizas::CargarOperaciones() {
   ::CargarOperaciones(corrida_);
-  txtResumen->setText(Bitacora::NombreBitacora(gNumEmp, dtpFecha[2]->date()));
+  txtResumen->setText(RutaNativa(Bitacora::NombreBitacora(gNumEmp, dtpFecha[2]->date())));
 }
 
 void frmGenerarPolizas::CargarArbol() {
@@ -195,7 +189,7 @@ void frmGenerarPolizas::dtpFecha_Change(int indice) {
   if (dtpFecha[1]->date() < dtpFecha[0]->date())
     dtpFecha[1]->setDate(dtpFecha[0]->date());
   if (indice == 2)
-    txtResumen->setText(Bitacora::NombreBitacora(gNumEmp, dtpFecha[2]->date()));
+    txtResumen->setText(RutaNativa(Bitacora::NombreBitacora(gNumEmp, dtpFecha[2]->date())));
 }
 
 void frmGenerarPolizas::optFechaPol_Click() {
@@ -241,11 +235,15 @@ void frmGenerarPolizas::GenerarPolizas() {
 }
 
 void frmGenerarPolizas::MostrarAvance(TareaEnCurso &tarea, const AvanceGeneracion &avance) {
-  const int hechos =
-      avance.documentos > 0 ? avance.documento * kPasosPorRegla / avance.documentos : 0;
+  // A rule without documents is done as soon as it is read: the bar reaches its end.
+  const int hechos = avance.documentos > 0 ? avance.documento * kPasosPorRegla / avance.documentos
+                                           : kPasosPorRegla;
+  const QString documentos = avance.documentos > 0 ? QStringLiteral("Documento %1 de %2")
+                                                         .arg(QString::number(avance.documento),
+                                                              QString::number(avance.documentos))
+                                                   : QStringLiteral("sin documentos");
   tarea.Mostrar((avance.regla - 1) * kPasosPorRegla + hechos, avance.reglas * kPasosPorRegla,
-                QStringLiteral("Regla %1 de %2: %3   Documento %4 de %5")
+                QStringLiteral("Regla %1 de %2: %3   %4")
                     .arg(QString::number(avance.regla), QString::number(avance.reglas),
-                         avance.descripcion, QString::number(avance.documento),
-                         QString::number(avance.documentos)));
+                         avance.descripcion, documentos));
 }

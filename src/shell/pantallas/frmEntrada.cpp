@@ -10,6 +10,7 @@
 #include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QFileInfo>
 #include <QGridLayout>
@@ -74,6 +75,9 @@ frmEntrada::frmEntrada(QWidget *padre) : QDialog(padre), teclado(&frmTeclado::Pe
 
   cmbEmpresa = new QComboBox(this);
   cmbEmpresa->setObjectName(QStringLiteral("cmbEmpresa"));
+  // The list's chosen row in a dark highlight, readable over the pale blue.
+  cmbEmpresa->view()->setStyleSheet(
+      QStringLiteral("selection-background-color: rgb(0, 90, 170); selection-color: white;"));
   txtCod = new QLineEdit(this);
   txtCod->setObjectName(QStringLiteral("txtCod"));
   txtPass = new QLineEdit(this);

@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDialog>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QStatusBar>
@@ -53,15 +54,30 @@ ConexionPtr AbrirEmpresa() {
 mdiMnuPri::mdiMnuPri(QWidget *padre) : QMainWindow(padre) {
   setObjectName(QStringLiteral("mdiMnuPri"));
   QMenu *menu = nullptr;
+  QStringList titulos;
+  for (const ItemMenu &item : kMenus)
+    if (!titulos.contains(QString::fromUtf8(item.titulo)))
+      titulos << QString::fromUtf8(item.titulo);
+  const QStringList titulosConTecla = ConTeclas(titulos);
+  QStringList leyendas;
   for (const ItemMenu &item : kMenus) {
     if (!menu || menu->objectName() != QLatin1String(item.menu)) {
-      menu = menuBar()->addMenu(QString::fromUtf8(item.titulo));
+      const QString titulo = QString::fromUtf8(item.titulo);
+      menu = menuBar()->addMenu(titulosConTecla.at(titulos.indexOf(titulo)));
       menu->setObjectName(QLatin1String(item.menu));
+      leyendas.clear();
+      for (const ItemMenu &otro : kMenus)
+        if (QLatin1String(otro.menu) == QLatin1String(item.menu))
+          leyendas << QString::fromUtf8(otro.leyenda);
+      leyendas = ConTeclas(leyendas);
     }
-    QAction *a = menu->addAction(QString::fromUtf8(item.leyenda));
+    QAction *a = menu->addAction(leyendas.takeFirst());
     a->setObjectName(QLatin1String(item.nombre));
     a->setEnabled(false);
   }
+  // F10 and Alt alone open the menu bar, as in every program of the desktop (a screen
+  // over the frame keeps its own F10).
+  qApp->installEventFilter(this);
   QAction *salir = Menu(QStringLiteral("mnuSalir"));
   salir->setEnabled(true);
   connect(salir, &QAction::triggered, this, &QWidget::close);
@@ -73,7 +89,8 @@ mdiMnuPri::mdiMnuPri(QWidget *padre) : QMainWindow(padre) {
   addToolBar(tlbDatos);
 
   for (int i = 0; i < 6; ++i) {
-    paneles_[i] = new QLabel(this);
+    // A name longer than its panel ends in "…", whole in the tool tip.
+    paneles_[i] = new EtiquetaRecortada(this);
     paneles_[i]->setObjectName(QStringLiteral("stsBar%1").arg(i + 1));
     paneles_[i]->setMargin(2);
     statusBar()->addWidget(paneles_[i], i == 0 ? 1 : 0);
@@ -127,20 +144,54 @@ void mdiMnuPri::MostrarNombreEmpresa(Conexion &con) {
     Panel(1)->clear();
     return;
   }
-  Panel(1)->setText(r.Campo(QStringLiteral("NOM_EMP")).Texto());
-  Panel(1)->setToolTip(QStringLiteral("Empresa Actual"));
+  paneles_[0]->setText(r.Campo(QStringLiteral("NOM_EMP")).Texto());
+  paneles_[0]->Tip(QStringLiteral("Empresa Actual"));
 }
 
 bool mdiMnuPri::ConfirmarSalida() {
+  // No is the default: Esc then Enter doesn't leave the system.
   if (CatalogoMensajes::Caja(CatalogoMensajes::Texto(303), QStringLiteral("Salir"),
-                             IconoMensaje::Pregunta, BotonesMensaje::SiNo,
-                             303) != RespuestaMensaje::Si)
+                             IconoMensaje::Pregunta, BotonesMensaje::SiNo, 303,
+                             true) != RespuestaMensaje::Si)
     return true;
   RelojArena reloj;
   ConexionPtr con = AbrirEmpresa();
   con->Ejecutar(
       QStringLiteral("UPDATE tblUsuarios SET ESTATUS=0 WHERE COD_USU='%1';").arg(Escapar(gCodUsu)));
   return false;
+}
+
+void mdiMnuPri::AbrirBarraMenus() {
+  const QList<QAction *> menus = menuBar()->actions();
+  if (!menus.isEmpty())
+    menuBar()->setActiveAction(menus.first());
+}
+
+bool mdiMnuPri::eventFilter(QObject *objeto, QEvent *evento) {
+  // F10, or Alt pressed and let go alone, while the frame is the active window, opens the
+  // menus.
+  if (evento->type() == QEvent::KeyPress || evento->type() == QEvent::KeyRelease) {
+    const auto *tecla = static_cast<QKeyEvent *>(evento);
+    if (tecla->isAutoRepeat() || !objeto->isWidgetType())
+      return false;
+    const bool aqui = QApplication::activeWindow() == this && !QApplication::activePopupWidget() &&
+                      (objeto == this || isAncestorOf(static_cast<QWidget *>(objeto)));
+    if (evento->type() == QEvent::KeyPress && tecla->key() == Qt::Key_F10 &&
+        tecla->modifiers() == Qt::NoModifier && aqui) {
+      AbrirBarraMenus();
+      return true;
+    }
+    if (evento->type() == QEvent::KeyPress) {
+      altSolo_ = tecla->key() == Qt::Key_Alt;
+    } else if (tecla->key() == Qt::Key_Alt && altSolo_) {
+      altSolo_ = false;
+      if (aqui)
+        AbrirBarraMenus();
+    }
+  } else if (evento->type() == QEvent::MouseButtonPress) {
+    altSolo_ = false;
+  }
+  return QMainWindow::eventFilter(objeto, evento);
 }
 
 void mdiMnuPri::closeEvent(QCloseEvent *evento) {

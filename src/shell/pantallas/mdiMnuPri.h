@@ -6,6 +6,7 @@
 #include <memory>
 
 class BarraPantalla;
+class EtiquetaRecortada;
 class Conexion;
 class QAction;
 class QDialog;
@@ -45,9 +46,13 @@ public:
 
 protected:
   void closeEvent(QCloseEvent *evento) override;
+  bool eventFilter(QObject *objeto, QEvent *evento) override;
 
 private:
+  // The first menu opened, for the keyboard to go on with the arrows.
+  void AbrirBarraMenus();
   void MostrarNombreEmpresa(Conexion &con);
   bool HayOtrasVentanas() const;
-  QLabel *paneles_[6];
+  EtiquetaRecortada *paneles_[6];
+  bool altSolo_ = false; // Alt pressed, and no other key since
 };

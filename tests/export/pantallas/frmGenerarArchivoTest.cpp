@@ -1,19 +1,23 @@
 #include "export/pantallas/frmGenerarArchivo.h"
-#include "pantallas/Apostrofos.h"
 #include "Capturas.h"
 #include "export/ApoyoExportacion.h"
+#include "pantallas/Apostrofos.h"
 #include "pantallas/PantallaBarra.h"
 #include "pantallas/PantallaCombos.h"
 #include "pantallas/Pantallas.h"
+#include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDateEdit>
+#include <QDir>
 #include <QFile>
+#include <QFileDialog>
 #include <QLabel>
 #include <QProgressBar>
 #include <QTest>
+#include <QTimer>
 #include <QUrl>
 #include <gtest/gtest.h>
 
@@ -365,4 +369,27 @@ TEST_P(PantallaArchivo, TheApostropheIsRefusedHoweverItComesAndReachesNoStatemen
   IntentarApostrofos(f.get());
   for (const QString &s : emp->grabadora.sentencias)
     EXPECT_FALSE(s.contains(QStringLiteral("BRIEN"))) << s.toStdString();
+}
+
+TEST_P(PantallaArchivo, TheFileIsNamedInTheExportFolderOfReportIni) {
+  const QString exportar = emp->Ruta() + QStringLiteral("/Salidas");
+  QDir().mkpath(exportar);
+  auto f = std::make_unique<frmGenerarArchivo>();
+  QString carpeta;
+  const auto mirar = [&carpeta] {
+    auto *dialogo = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+    ASSERT_NE(dialogo, nullptr);
+    carpeta = dialogo->directory().absolutePath();
+    dialogo->reject();
+  };
+  // Without the key: the program's Export folder.
+  QDir().mkpath(emp->Ruta() + QStringLiteral("/Export"));
+  QTimer::singleShot(0, mirar);
+  EXPECT_EQ(f->cdgArchivo(f.get(), QStringLiteral("t"), QStringLiteral("*.txt")), QString());
+  EXPECT_EQ(carpeta, QDir(emp->Ruta() + QStringLiteral("/Export")).absolutePath());
+  ServicioUtil::EscribirIni(QStringLiteral("Config"), QStringLiteral("ExportDir"), exportar,
+                            RutaReportIni());
+  QTimer::singleShot(0, mirar);
+  f->cdgArchivo(f.get(), QStringLiteral("t"), QStringLiteral("*.txt"));
+  EXPECT_EQ(carpeta, QDir(exportar).absolutePath());
 }

@@ -1,10 +1,11 @@
 #include "journal/pantallas/frmGenerarPolizas.h"
-#include "pantallas/Apostrofos.h"
 #include "Capturas.h"
 #include "journal/FixtureGeneracion.h"
-#include "shell/ErrorFatal.h"
+#include "pantallas/Apostrofos.h"
 #include "pantallas/PantallaBarra.h"
 #include "pantallas/Pantallas.h"
+#include "shell/ErrorFatal.h"
+#include "shell/Rutas.h"
 
 #include <QAction>
 #include <QApplication>
@@ -136,8 +137,8 @@ protected:
     f.dtpFecha[1]->setDate(QDate(2024, 10, 31));
   }
   QString NombrePorOmision(const char *fecha) const {
-    return emp->Ruta() + QStringLiteral("\\TEMP\\ResumenPol1_") + QLatin1String(fecha) +
-           QStringLiteral(".txt");
+    return RutaNativa(emp->Ruta() + QStringLiteral("\\TEMP\\ResumenPol1_") + QLatin1String(fecha) +
+                      QStringLiteral(".txt"));
   }
   QString Leer(const QString &ruta) { return DecodificarWindows1252(LeerArchivo(ruta)); }
 
@@ -275,7 +276,8 @@ TEST_P(PantallaGeneracion, TheDefaultNameOfCompanyThreeOnTheFifthOfMarch) {
   gNumEmp = 3;
   auto f = Abrir();
   f->dtpFecha[2]->setDate(QDate(2024, 3, 5));
-  EXPECT_TRUE(f->txtResumen->text().endsWith(QStringLiteral("\\ResumenPol3_05032024.txt")));
+  EXPECT_TRUE(
+      f->txtResumen->text().endsWith(RutaNativa(QStringLiteral("\\ResumenPol3_05032024.txt"))));
 }
 
 TEST_P(PantallaGeneracion, TheFirstOrLastDateLeavesAHandPickedLogName) {
@@ -538,4 +540,17 @@ TEST_P(PantallaGeneracion, TheApostropheIsRefusedHoweverItComesAndReachesNoState
   EXPECT_GE(IntentarApostrofos(f.get()), 1);
   for (const QString &s : emp->grabadora.sentencias)
     EXPECT_FALSE(s.contains(QStringLiteral("BRIEN"))) << s.toStdString();
+}
+
+TEST_P(PantallaGeneracion, APeriodWithoutDocumentsTakesTheBarToItsEnd) {
+  auto f = Abrir();
+  f->dtpFecha[0]->setDate(QDate(2024, 9, 1));
+  f->dtpFecha[1]->setDate(QDate(2024, 9, 30));
+  ClicCasilla(*f, kGastos);
+  emp->mensajes.respuestas = {RespuestaMensaje::Aceptar, RespuestaMensaje::No};
+  Tecla(*f, Qt::Key_F10);
+  EXPECT_EQ(emp->mensajes.Ids(), (std::vector<int>{5508, 5509}));
+  EXPECT_EQ(f->prgAvance->value(), f->prgAvance->maximum());
+  EXPECT_EQ(f->lblAvance->text(),
+            QStringLiteral("Regla 1 de 1: GASTOS RENTA DEL LOCAL   sin documentos"));
 }

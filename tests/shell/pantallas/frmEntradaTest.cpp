@@ -1,15 +1,16 @@
 #include "shell/pantallas/frmEntrada.h"
 #include "Apoyo.h"
-#include "pantallas/Apostrofos.h"
 #include "Capturas.h"
 #include "db/EmpresaDemo.h"
-#include "shell/Encriptacion.h"
+#include "pantallas/Apostrofos.h"
 #include "pantallas/Pantallas.h"
+#include "pantallas/frmTeclado.h"
+#include "shell/Encriptacion.h"
 #include "shell/Rutas.h"
 #include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
-#include "pantallas/frmTeclado.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
 #include <QFile>
@@ -134,6 +135,10 @@ TEST_P(Entrada, TheFormIsPaleBlueAndStaysInFront) {
   }
   EXPECT_NE(f->Label1->palette().color(f->Label1->backgroundRole()), QColor(210, 230, 245));
   GuardarCaptura(f.get(), QStringLiteral("frmEntrada"));
+  // The list open: its chosen row in the platform's highlight.
+  f->cmbEmpresa->showPopup();
+  GuardarCaptura(f->cmbEmpresa->view()->window(), QStringLiteral("frmEntrada_lista"));
+  f->cmbEmpresa->hidePopup();
 }
 
 TEST_P(Entrada, ACompanyOfEngineTwoIsNotListed) {

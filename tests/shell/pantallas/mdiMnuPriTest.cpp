@@ -2,9 +2,9 @@
 #include "Apoyo.h"
 #include "Capturas.h"
 #include "db/EmpresaDemo.h"
-#include "shell/ErrorFatal.h"
 #include "pantallas/PantallaBarra.h"
 #include "pantallas/Pantallas.h"
+#include "shell/ErrorFatal.h"
 #include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
 
@@ -96,9 +96,11 @@ TEST_P(Principal, TheMenusComeInTheirOrderWithOnlyTheExitOpen) {
   auto m = Abrir();
   QStringList vistos;
   for (QAction *titulo : m->menuBar()->actions()) {
-    vistos << titulo->menu()->objectName() + QLatin1Char('=') + titulo->text();
+    // The captions as they read: the access keys' marks aside.
+    vistos << titulo->menu()->objectName() + QLatin1Char('=') +
+                  QString(titulo->text()).remove(QLatin1Char('&'));
     for (QAction *a : titulo->menu()->actions())
-      vistos << a->objectName() + QLatin1Char('=') + a->text() +
+      vistos << a->objectName() + QLatin1Char('=') + QString(a->text()).remove(QLatin1Char('&')) +
                     (a->isEnabled() ? QStringLiteral(" +") : QStringLiteral(" -"));
   }
   EXPECT_EQ(vistos, (QStringList{
@@ -209,6 +211,7 @@ TEST_P(Principal, LeavingWithYesFreesTheUserWritesTheCompanyAndCloses) {
   ASSERT_EQ(emp->mensajes.mostrados.size(), 1u);
   const Mensaje &pregunta = emp->mensajes.mostrados[0];
   EXPECT_EQ(pregunta.id, 303);
+  EXPECT_TRUE(pregunta.noPorOmision); // Enter alone doesn't leave the system
   EXPECT_EQ(pregunta.titulo, QStringLiteral("Salir"));
   EXPECT_EQ(pregunta.texto, CatalogoMensajes::Texto(303));
   EXPECT_EQ(pregunta.icono, IconoMensaje::Pregunta);
@@ -295,3 +298,92 @@ TEST_P(Principal, RegisteringAnUnknownItemIsFatal) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Motores, Principal, testing::ValuesIn(MotoresDePrueba()), NombreMotor);
+
+TEST_P(Principal, EachMenuAndItemHasItsOwnAccessKey) {
+  auto m = Abrir();
+  QStringList titulos;
+  for (QAction *titulo : m->menuBar()->actions()) {
+    titulos << titulo->text();
+    QStringList letras;
+    for (QAction *a : titulo->menu()->actions()) {
+      const qsizetype i = a->text().indexOf(QLatin1Char('&'));
+      ASSERT_GE(i, 0) << a->text().toStdString();
+      letras << a->text().mid(i + 1, 1).toLower();
+    }
+    letras.removeDuplicates();
+    EXPECT_EQ(letras.size(), titulo->menu()->actions().size()) << titulo->text().toStdString();
+  }
+  EXPECT_EQ(titulos, (QStringList{QStringLiteral("&Archivo"), QStringLiteral("&Procesos"),
+                                  QStringLiteral("&Definición")}));
+  GuardarCaptura(m.get(), QStringLiteral("mdiMnuPri_barra"));
+  QTest::keyClick(m.get(), Qt::Key_F10);
+  ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+  GuardarCaptura(QApplication::activePopupWidget(), QStringLiteral("mdiMnuPri_menu"));
+  QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+}
+
+TEST_P(Principal, EveryMenuItemIsReachedWithTheKeyboardAlone) {
+  auto m = Abrir();
+  // Every item with a screen that closes as soon as it shows.
+  QStringList abiertas;
+  for (QAction *titulo : m->menuBar()->actions())
+    for (QAction *a : titulo->menu()->actions())
+      if (a->objectName() != QStringLiteral("mnuSalir"))
+        m->Registrar(a->objectName(), [&abiertas, nombre = a->objectName()](QWidget *padre) {
+          abiertas << nombre;
+          auto d = std::make_unique<QDialog>(padre);
+          QTimer::singleShot(0, d.get(), &QDialog::reject);
+          return d;
+        });
+  QStringList esperadas;
+  const QList<QAction *> titulos = m->menuBar()->actions();
+  for (qsizetype t = 0; t < titulos.size(); ++t) {
+    const QList<QAction *> items = titulos[t]->menu()->actions();
+    for (qsizetype k = 0; k < items.size(); ++k) {
+      if (items[k]->objectName() == QStringLiteral("mnuSalir"))
+        continue;
+      esperadas << items[k]->objectName();
+      // F10 opens the bar on its first menu; the arrows go to the item; Enter opens it.
+      // (Offscreen, the frame isn't made active again when the screen closes.)
+      QApplication::setActiveWindow(m.get());
+      QTest::keyClick(m.get(), Qt::Key_F10);
+      ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+      for (qsizetype i = 0; i < t; ++i)
+        QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Right);
+      QMenu *menu = titulos[t]->menu();
+      ASSERT_TRUE(menu->isVisible()) << t;
+      for (qsizetype i = 0; i <= k; ++i)
+        QTest::keyClick(menu, Qt::Key_Down);
+      if (menu->activeAction() != items[k]) // a menu opened by the keyboard may start on its first
+        QTest::keyClick(menu, Qt::Key_Up);
+      ASSERT_EQ(menu->activeAction(), items[k]) << items[k]->objectName().toStdString();
+      QTest::keyClick(menu, Qt::Key_Return);
+      QApplication::processEvents();
+    }
+  }
+  EXPECT_EQ(abiertas, esperadas);
+  // Alt alone opens the bar as well.
+  QApplication::setActiveWindow(m.get());
+  QTest::keyPress(m.get(), Qt::Key_Alt);
+  QTest::keyRelease(m.get(), Qt::Key_Alt);
+  EXPECT_EQ(m->menuBar()->activeAction(), titulos.first());
+  ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+  QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+}
+
+TEST_P(Principal, ACompanyNameTooLongForItsPanelEndsInDotsAndShowsWholeInTheTip) {
+  const QString largo = QStringLiteral("Comercializadora de Alimentos y Bebidas del Bajío y "
+                                       "Occidente de la República S.A. de C.V.");
+  con->Ejecutar(QStringLiteral("UPDATE tblEmpresa SET NOM_EMP='%1'").arg(largo));
+  auto m = Abrir();
+  m->resize(300, 400);
+  QApplication::processEvents();
+  ASSERT_LT(m->Panel(1)->width(), m->Panel(1)->fontMetrics().horizontalAdvance(largo));
+  m->Panel(1)->repaint();
+  EXPECT_EQ(m->Panel(1)->text(), largo);
+  EXPECT_EQ(m->Panel(1)->toolTip(), largo);
+  m->resize(1600, 400);
+  QApplication::processEvents();
+  m->Panel(1)->repaint();
+  EXPECT_EQ(m->Panel(1)->toolTip(), QStringLiteral("Empresa Actual"));
+}
