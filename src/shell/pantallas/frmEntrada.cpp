@@ -12,6 +12,7 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QStyledItemDelegate>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -75,7 +76,9 @@ frmEntrada::frmEntrada(QWidget *padre) : QDialog(padre), teclado(&frmTeclado::Pe
 
   cmbEmpresa = new QComboBox(this);
   cmbEmpresa->setObjectName(QStringLiteral("cmbEmpresa"));
-  // The list's chosen row in a dark highlight, readable over the pale blue.
+  // The list's chosen row in a dark highlight, readable over the pale blue (drawn by the
+  // item views' delegate, which follows the style sheet; the combo's own draws a menu).
+  cmbEmpresa->setItemDelegate(new QStyledItemDelegate(cmbEmpresa));
   cmbEmpresa->view()->setStyleSheet(
       QStringLiteral("selection-background-color: rgb(0, 90, 170); selection-color: white;"));
   txtCod = new QLineEdit(this);

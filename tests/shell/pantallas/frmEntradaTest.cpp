@@ -137,6 +137,11 @@ TEST_P(Entrada, TheFormIsPaleBlueAndStaysInFront) {
   GuardarCaptura(f.get(), QStringLiteral("frmEntrada"));
   // The list open: its chosen row in the platform's highlight.
   f->cmbEmpresa->showPopup();
+  QAbstractItemView *lista = f->cmbEmpresa->view();
+  const QRect elegida = lista->visualRect(lista->currentIndex());
+  const QImage imagen = lista->viewport()->grab().toImage();
+  EXPECT_LT(qGray(imagen.pixel(elegida.left() + 2, elegida.center().y())), 128)
+      << "a dark highlight under white text";
   GuardarCaptura(f->cmbEmpresa->view()->window(), QStringLiteral("frmEntrada_lista"));
   f->cmbEmpresa->hidePopup();
 }
