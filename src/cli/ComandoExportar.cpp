@@ -73,12 +73,9 @@ ComandoCli ComandoExportar() {
       "escribir completo.\n");
   c.opciones = {OpcionEmpresa(true)};
   c.opciones += OpcionesEntrada();
+  c.opciones += OpcionesPeriodo();
   c.opciones +=
-      QList<OpcionCli>{{QStringLiteral("del"), Valor::Fecha, QStringLiteral("AAAA-MM-DD"),
-                        QStringLiteral("primer día del período"), true},
-                       {QStringLiteral("al"), Valor::Fecha, QStringLiteral("AAAA-MM-DD"),
-                        QStringLiteral("último día del período"), true},
-                       {QStringLiteral("archivo"), Valor::Texto, QStringLiteral("RUTA"),
+      QList<OpcionCli>{{QStringLiteral("archivo"), Valor::Texto, QStringLiteral("RUTA"),
                         QStringLiteral("archivo a escribir"), true},
                        {QStringLiteral("tipo"), Valor::TipoPoliza, QStringLiteral("T"),
                         QStringLiteral("sólo pólizas de este tipo (I, E, D, O, S)"), false},

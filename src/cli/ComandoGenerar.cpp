@@ -108,12 +108,9 @@ ComandoCli ComandoGenerar() {
       "curso.\n");
   c.opciones = {OpcionEmpresa(false)};
   c.opciones += OpcionesEntrada();
+  c.opciones += OpcionesPeriodo();
   c.opciones +=
-      QList<OpcionCli>{{QStringLiteral("del"), Valor::Fecha, QStringLiteral("AAAA-MM-DD"),
-                        QStringLiteral("primer día del período"), true},
-                       {QStringLiteral("al"), Valor::Fecha, QStringLiteral("AAAA-MM-DD"),
-                        QStringLiteral("último día del período"), true},
-                       {QStringLiteral("operaciones"), Valor::Enteros, QStringLiteral("1,2,24"),
+      QList<OpcionCli>{{QStringLiteral("operaciones"), Valor::Enteros, QStringLiteral("1,2,24"),
                         QStringLiteral("sólo estas operaciones"), false},
                        {QStringLiteral("actualizar"),
                         Valor::Ninguno,

@@ -331,6 +331,13 @@ QList<OpcionCli> OpcionesEntrada() {
            QStringLiteral("contraseña («-»: la lee de la entrada)"), true}};
 }
 
+QList<OpcionCli> OpcionesPeriodo() {
+  return {{QStringLiteral("del"), Valor::Fecha, QStringLiteral("AAAA-MM-DD"),
+           QStringLiteral("primer día del período"), true},
+          {QStringLiteral("al"), Valor::Fecha, QStringLiteral("AAAA-MM-DD"),
+           QStringLiteral("último día del período"), true}};
+}
+
 OpcionCli OpcionJson() {
   return {QStringLiteral("json"),
           Valor::Ninguno,

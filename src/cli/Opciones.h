@@ -91,8 +91,8 @@ struct Contexto {
   QTextStream &out;
   QTextStream &err;
   bool json = false;
-  bool progreso = false; // a progress line on standard error
-  QJsonObject objeto;    // what --json prints at the end
+  bool progreso = false;        // a progress line on standard error
+  QJsonObject objeto;           // what --json prints at the end
   LineaAvance *linea = nullptr; // the progress line drawn now, erased before any message
 };
 
@@ -125,6 +125,8 @@ int IniciarSesion(const Leidas &opciones, SesionCli &sesion);
 // The options of a session: --empresa N, and with the login --usuario U, --clave P.
 OpcionCli OpcionEmpresa(bool requerida);
 QList<OpcionCli> OpcionesEntrada();
+// The period of a run: --del AAAA-MM-DD and --al AAAA-MM-DD, both required.
+QList<OpcionCli> OpcionesPeriodo();
 // --json, --progreso, --sin-progreso.
 OpcionCli OpcionJson();
 QList<OpcionCli> OpcionesProgreso();
