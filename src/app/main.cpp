@@ -1,4 +1,5 @@
 #include "export/pantallas/frmGenerarArchivo.h"
+#include "journal/pantallas/frmEliminarPolizas.h"
 #include "journal/pantallas/frmGenerarPolizas.h"
 #include "pantallas/PantallaDialogo.h"
 #include "pantallas/Pantallas.h"
@@ -32,6 +33,8 @@ void RegistrarPantallas(mdiMnuPri &principal) {
                       [](QWidget *padre) { return std::make_unique<frmGenerarPolizas>(padre); });
   principal.Registrar(QStringLiteral("mnuGenArchPolizas"),
                       [](QWidget *padre) { return std::make_unique<frmGenerarArchivo>(padre); });
+  principal.Registrar(QStringLiteral("mnuEliPolizas"),
+                      [](QWidget *padre) { return std::make_unique<frmEliminarPolizas>(padre); });
 }
 
 // Failures inside the event handlers of the screens reach the application here.

@@ -1,5 +1,6 @@
 #include "cli/Comandos.h"
 
+#include "cli/ComandoEliminar.h"
 #include "cli/ComandoExportar.h"
 #include "cli/ComandoGenerar.h"
 #include "cli/ComandoPoliza.h"
@@ -153,8 +154,8 @@ const char *const kSalidas =
 } // namespace
 
 const QList<ComandoCli> &TodosLosComandos() {
-  static const QList<ComandoCli> comandos = {ComandoDemo(), ComandoResumen(), ComandoGenerar(),
-                                             ComandoPoliza(), ComandoExportar()};
+  static const QList<ComandoCli> comandos = {ComandoDemo(),   ComandoResumen(),  ComandoGenerar(),
+                                             ComandoPoliza(), ComandoExportar(), ComandoEliminar()};
   return comandos;
 }
 

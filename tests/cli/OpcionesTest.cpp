@@ -89,7 +89,14 @@ TEST_F(Opciones, EveryWrongCommandLineExitsOneNamingTheOptionAndChangesNothing) 
       l << QString::fromUtf8(p);
     return l;
   };
+  const QStringList eli = QStringList{QStringLiteral("eliminar")} + Entrada() + Periodo();
   const CasoMalo casos[] = {
+      {"eliminar", eli + L({"--todo"}), "La opción --todo no existe en el comando eliminar."},
+      {"eliminar", eli + L({"--concepto"}), "A la opción --concepto le falta su valor (C)."},
+      {"eliminar", eli + L({"--si", "--si"}), "La opción --si se dio más de una vez."},
+      {"eliminar", eli + L({"--operacion", "x"}),
+       "La opción --operacion espera un número entero: «x»."},
+      {"eliminar", eli + L({"ya"}), "Sobra el argumento «ya»: el comando eliminar no lo espera."},
       // Unknown options and typos.
       {"generar", gen + L({"--ensayo"}), "La opción --ensayo no existe en el comando generar."},
       {"generar", gen + L({"--actualisar"}),
