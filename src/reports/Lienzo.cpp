@@ -5,7 +5,6 @@
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QPicture>
 
 namespace {
 
@@ -13,6 +12,8 @@ namespace {
 constexpr int kAnchoHoja = 12240;
 constexpr int kMargenIzquierdo = (kAnchoHoja - Lienzo::kAncho) / 2;
 constexpr int kMargenSuperior = 720;
+// Room for a text: the coordinate is its top and its left or right end.
+constexpr int kHolgura = 20000;
 
 QFont FuenteDe(const EstadoDibujo &estado) {
   QFont fuente(QStringLiteral("Arial"));
@@ -23,88 +24,160 @@ QFont FuenteDe(const EstadoDibujo &estado) {
   return fuente;
 }
 
-// Paints the operations of a page in twips on a painter already set to twips.
-void Pintar(QPainter &pintor, const PaginaLienzo &pagina) {
-  for (const Trazo &t : pagina.trazos) {
-    pintor.setPen(t.estado.azul ? Qt::blue : Qt::black);
-    switch (t.tipo) {
-    case Trazo::Tipo::Texto: {
-      pintor.setFont(FuenteDe(t.estado));
-      // The coordinate is the top of the text, its left end or its right end.
-      constexpr int kHolgura = 20000;
-      if (t.estado.alineacion == 2)
-        pintor.drawText(QRect(t.x - kHolgura, t.y, kHolgura, kHolgura),
-                        Qt::AlignRight | Qt::AlignTop | Qt::TextDontClip, t.texto);
-      else
-        pintor.drawText(QRect(t.x, t.y, kHolgura, kHolgura),
-                        Qt::AlignLeft | Qt::AlignTop | Qt::TextDontClip, t.texto);
-      break;
-    }
-    case Trazo::Tipo::Linea:
-      pintor.drawLine(t.x, t.y, t.x2, t.y2);
-      break;
-    case Trazo::Tipo::Recuadro:
-      pintor.setBrush(Qt::NoBrush);
-      pintor.drawRect(t.x, t.y, t.x2, t.y2);
-      break;
-    }
-  }
-}
+QString Numero(bool valor) { return valor ? QStringLiteral("1") : QStringLiteral("0"); }
 
 } // namespace
 
-void Lienzo::IniciarPagina() {
-  paginas_.append(PaginaLienzo{});
-  abierta_ = true;
+// ------------------------------------------------------------------ recording
+
+void LienzoGrabador::IniciarPagina() { paginas_.append(QList<Trazo>()); }
+
+void LienzoGrabador::TerminarPagina() {}
+
+void LienzoGrabador::GuardarPagina(const QString &archivo) {
+  guardadas_.insert(archivo, paginas_.takeLast());
 }
 
-void Lienzo::TerminarPagina() { abierta_ = false; }
-
-void Lienzo::DibujarTexto(int x, int y, const QString &texto) {
-  if (!abierta_)
+void LienzoGrabador::CargarPagina(const QString &archivo) {
+  if (paginas_.isEmpty())
     IniciarPagina();
-  paginas_.last().trazos.append({Trazo::Tipo::Texto, x, y, 0, 0, texto, estado_});
+  paginas_.last() += guardadas_.take(archivo);
 }
 
-void Lienzo::Linea(int x1, int y1, int x2, int y2) {
-  if (!abierta_)
+void LienzoGrabador::NuevaPagina() { IniciarPagina(); }
+
+void LienzoGrabador::Agregar(Trazo trazo) {
+  if (paginas_.isEmpty())
     IniciarPagina();
-  paginas_.last().trazos.append({Trazo::Tipo::Linea, x1, y1, x2, y2, {}, estado_});
+  trazo.estado = Estado();
+  paginas_.last().append(std::move(trazo));
 }
 
-void Lienzo::Recuadro(int x, int y, int ancho, int alto) {
-  if (!abierta_)
+void LienzoGrabador::DibujarTexto(int x, int y, const QString &texto) {
+  Agregar({Trazo::Tipo::Texto, x, y, 0, 0, texto, {}});
+}
+
+void LienzoGrabador::Linea(int x1, int y1, int x2, int y2) {
+  Agregar({Trazo::Tipo::Linea, x1, y1, x2, y2, {}, {}});
+}
+
+void LienzoGrabador::Recuadro(int x, int y, int ancho, int alto) {
+  Agregar({Trazo::Tipo::Recuadro, x, y, ancho, alto, {}, {}});
+}
+
+QStringList LienzoGrabador::Traza() const {
+  QStringList lineas;
+  const QChar t(u'\t');
+  for (int p = 1; p <= TotalPaginas(); ++p) {
+    for (const Trazo &z : Pagina(p)) {
+      QStringList campos{QString::number(p)};
+      switch (z.tipo) {
+      case Trazo::Tipo::Texto:
+        campos << QStringLiteral("texto") << QString::number(z.x) << QString::number(z.y)
+               << QString::number(z.estado.tamano) << Numero(z.estado.negrita)
+               << Numero(z.estado.subrayado)
+               << (z.estado.azul ? QStringLiteral("azul") : QStringLiteral("negro"))
+               << QString::number(z.estado.alineacion) << z.texto;
+        break;
+      case Trazo::Tipo::Linea:
+        campos << QStringLiteral("linea") << QString::number(z.x) << QString::number(z.y)
+               << QString::number(z.x2) << QString::number(z.y2);
+        break;
+      case Trazo::Tipo::Recuadro:
+        campos << QStringLiteral("recuadro") << QString::number(z.x) << QString::number(z.y)
+               << QString::number(z.x2) << QString::number(z.y2);
+        break;
+      }
+      lineas << campos.join(t);
+    }
+  }
+  return lineas;
+}
+
+// ------------------------------------------------------------------ painting
+
+LienzoPintor::LienzoPintor() = default;
+
+LienzoPintor::~LienzoPintor() {
+  if (pintor_)
+    pintor_->end();
+}
+
+QPainter &LienzoPintor::Pintor() {
+  if (!pintor_)
     IniciarPagina();
-  paginas_.last().trazos.append({Trazo::Tipo::Recuadro, x, y, ancho, alto, {}, estado_});
+  return *pintor_;
 }
 
-void Lienzo::GuardarEstado() { guardados_.append(estado_); }
-
-void Lienzo::RestaurarEstado() {
-  if (!guardados_.isEmpty())
-    estado_ = guardados_.takeLast();
+void LienzoPintor::IniciarPagina() {
+  TerminarPagina();
+  paginas_.append(QPicture());
+  pintor_ = std::make_unique<QPainter>(&paginas_.last());
 }
 
-void Lienzo::NumerarPaginas() {
-  const EstadoDibujo numero{8, false, false, true, 0};
-  const int total = TotalPaginas();
-  for (int i = 0; i < total; ++i)
-    paginas_[i].trazos.append({Trazo::Tipo::Texto, 7000, 720, 0, 0,
-                               QStringLiteral("Página  : %1 / %2").arg(i + 1).arg(total), numero});
+void LienzoPintor::TerminarPagina() {
+  if (!pintor_)
+    return;
+  pintor_->end();
+  pintor_.reset();
 }
 
-void Lienzo::DibujarPagina(QPainter &pintor, int numero) const {
+void LienzoPintor::GuardarPagina(const QString &archivo) {
+  TerminarPagina();
+  // A page that can't be kept is lost from the document, not the run: the second pass
+  // finds no file and leaves that page with its number only.
+  paginas_.takeLast().save(archivo);
+}
+
+void LienzoPintor::CargarPagina(const QString &archivo) {
+  QPicture guardada;
+  if (guardada.load(archivo))
+    Pintor().drawPicture(0, 0, guardada);
+}
+
+void LienzoPintor::NuevaPagina() { IniciarPagina(); }
+
+void LienzoPintor::DibujarTexto(int x, int y, const QString &texto) {
+  QPainter &p = Pintor();
+  const EstadoDibujo &e = Estado();
+  p.setPen(e.azul ? Qt::blue : Qt::black);
+  p.setFont(FuenteDe(e));
+  if (e.alineacion == 2)
+    p.drawText(QRect(x - kHolgura, y, kHolgura, kHolgura),
+               Qt::AlignRight | Qt::AlignTop | Qt::TextDontClip, texto);
+  else
+    p.drawText(QRect(x, y, kHolgura, kHolgura), Qt::AlignLeft | Qt::AlignTop | Qt::TextDontClip,
+               texto);
+}
+
+void LienzoPintor::Linea(int x1, int y1, int x2, int y2) {
+  QPainter &p = Pintor();
+  p.setPen(Estado().azul ? Qt::blue : Qt::black);
+  p.drawLine(x1, y1, x2, y2);
+}
+
+void LienzoPintor::Recuadro(int x, int y, int ancho, int alto) {
+  QPainter &p = Pintor();
+  p.setPen(Estado().azul ? Qt::blue : Qt::black);
+  p.setBrush(Qt::NoBrush);
+  p.drawRect(x, y, ancho, alto);
+}
+
+void DibujarPagina(QPainter &pintor, const QPicture &pagina) {
   pintor.save();
   const QPaintDevice *hoja = pintor.device();
-  const qreal escalaX = hoja->logicalDpiX() / qreal(kTwipsPorPulgada);
-  const qreal escalaY = hoja->logicalDpiY() / qreal(kTwipsPorPulgada);
-  pintor.scale(escalaX, escalaY);
-  pintor.translate(kMargenIzquierdo, kMargenSuperior);
-  Pintar(pintor, Pagina(numero));
+  const qreal twipX = hoja->logicalDpiX() / qreal(Lienzo::kTwipsPorPulgada);
+  const qreal twipY = hoja->logicalDpiY() / qreal(Lienzo::kTwipsPorPulgada);
+  pintor.translate(kMargenIzquierdo * twipX, kMargenSuperior * twipY);
+  // A picture played on a sheet is already scaled from its own resolution to the sheet's:
+  // what is left is its resolution's share of a twip.
+  pintor.scale(pagina.logicalDpiX() / qreal(Lienzo::kTwipsPorPulgada),
+               pagina.logicalDpiY() / qreal(Lienzo::kTwipsPorPulgada));
+  pintor.drawPicture(0, 0, pagina);
   pintor.restore();
 }
 
-QString Lienzo::GuardarPdf(const QString &archivo) const {
+QString GuardarPdf(const LienzoPintor &lienzo, const QString &archivo) {
   QPdfWriter pdf(archivo);
   pdf.setCreator(QStringLiteral("Escribano"));
   pdf.setPageLayout(
@@ -112,37 +185,11 @@ QString Lienzo::GuardarPdf(const QString &archivo) const {
   QPainter pintor;
   if (!pintor.begin(&pdf))
     return QStringLiteral("No se pudo escribir el archivo %1").arg(archivo);
-  for (int i = 1; i <= TotalPaginas(); ++i) {
+  for (int i = 1; i <= lienzo.TotalPaginas(); ++i) {
     if (i > 1)
       pdf.newPage();
-    DibujarPagina(pintor, i);
+    DibujarPagina(pintor, lienzo.Pagina(i));
   }
   pintor.end();
   return {};
-}
-
-QString Lienzo::GuardarImagenPagina(int numero, const QString &archivo) const {
-  QPicture imagen;
-  QPainter pintor(&imagen);
-  pintor.translate(kMargenIzquierdo, kMargenSuperior);
-  Pintar(pintor, Pagina(numero));
-  pintor.end();
-  if (!imagen.save(archivo))
-    return QStringLiteral("No se pudo escribir el archivo %1").arg(archivo);
-  return {};
-}
-
-QStringList Lienzo::Textos() const {
-  QStringList lineas;
-  for (int i = 1; i <= TotalPaginas(); ++i) {
-    lineas << QStringLiteral("-- página %1").arg(i);
-    for (const Trazo &t : Pagina(i).trazos)
-      if (t.tipo == Trazo::Tipo::Texto)
-        lineas << QStringLiteral("%1 %2%3 %4")
-                      .arg(t.y)
-                      .arg(t.estado.alineacion == 2 ? QStringLiteral("<") : QString())
-                      .arg(t.x)
-                      .arg(t.texto);
-  }
-  return lineas;
 }

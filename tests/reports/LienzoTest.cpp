@@ -1,6 +1,5 @@
 #include "reports/Lienzo.h"
 
-#include <QFile>
 #include <QImage>
 #include <QPainter>
 #include <QPicture>
@@ -29,7 +28,7 @@ std::pair<int, int> ColumnasConTinta(const QImage &imagen) {
   return {primera, ultima};
 }
 
-// A sheet where a twip is a tenth of a pixel... 144 dots an inch.
+// A letter sheet at 144 dots an inch: a twip is a tenth of a dot.
 QImage Hoja() {
   QImage hoja(1224, 1584, QImage::Format_RGB32);
   hoja.setDotsPerMeterX(qRound(144 / 0.0254));
@@ -38,73 +37,100 @@ QImage Hoja() {
   return hoja;
 }
 
+// The programme of a report on any canvas: two pages drawn and kept, then loaded into one
+// document and numbered.
+void DosPaginas(Lienzo &lienzo, const QString &carpeta) {
+  for (int i = 1; i <= 2; ++i) {
+    lienzo.IniciarPagina();
+    lienzo.Estado() = EstadoDibujo{7, false, false, false, 0};
+    lienzo.DibujarTexto(0, 1100, QStringLiteral("Renglón de la página %1").arg(i));
+    lienzo.Estado().alineacion = 2;
+    lienzo.DibujarTexto(9900, 1300, QStringLiteral("1,250.50"));
+    lienzo.Linea(0, 1500, Lienzo::kAncho, 1500);
+    lienzo.Recuadro(6900, 240, 2500, 200);
+    lienzo.TerminarPagina();
+    lienzo.GuardarPagina(carpeta + QStringLiteral("/p_%1.emf").arg(i));
+  }
+  lienzo.IniciarPagina();
+  lienzo.Estado() = EstadoDibujo{8, false, false, true, 0};
+  for (int i = 1; i <= 2; ++i) {
+    lienzo.CargarPagina(carpeta + QStringLiteral("/p_%1.emf").arg(i));
+    lienzo.DibujarTexto(7000, 720, QStringLiteral("Página  : %1 / 2").arg(i));
+    if (i < 2)
+      lienzo.NuevaPagina();
+  }
+  lienzo.TerminarPagina();
+}
+
 } // namespace
 
-TEST(LienzoTest, UnReporteSinRenglonesTieneUnaPaginaNumerada) {
-  Lienzo lienzo;
-  lienzo.IniciarPagina();
-  lienzo.DibujarTexto(0, 1100, QStringLiteral("Fecha"));
-  lienzo.TerminarPagina();
-  lienzo.NumerarPaginas();
-  ASSERT_EQ(lienzo.TotalPaginas(), 1);
-  EXPECT_EQ(lienzo.Textos(),
-            (QStringList{QStringLiteral("-- página 1"), QStringLiteral("1100 0 Fecha"),
-                         QStringLiteral("720 7000 Página  : 1 / 1")}));
+TEST(LienzoGrabador, EachCallWithItsStateInTheOrderDrawnThePagesNumberedLast) {
+  QTemporaryDir dir;
+  LienzoGrabador lienzo;
+  DosPaginas(lienzo, dir.path());
+  ASSERT_EQ(lienzo.TotalPaginas(), 2);
+  const QStringList esperada{
+      QStringLiteral("1\ttexto\t0\t1100\t7\t0\t0\tnegro\t0\tRenglón de la página 1"),
+      QStringLiteral("1\ttexto\t9900\t1300\t7\t0\t0\tnegro\t2\t1,250.50"),
+      QStringLiteral("1\tlinea\t0\t1500\t10500\t1500"),
+      QStringLiteral("1\trecuadro\t6900\t240\t2500\t200"),
+      QStringLiteral("1\ttexto\t7000\t720\t8\t0\t0\tazul\t0\tPágina  : 1 / 2"),
+      QStringLiteral("2\ttexto\t0\t1100\t7\t0\t0\tnegro\t0\tRenglón de la página 2"),
+      QStringLiteral("2\ttexto\t9900\t1300\t7\t0\t0\tnegro\t2\t1,250.50"),
+      QStringLiteral("2\tlinea\t0\t1500\t10500\t1500"),
+      QStringLiteral("2\trecuadro\t6900\t240\t2500\t200"),
+      QStringLiteral("2\ttexto\t7000\t720\t8\t0\t0\tazul\t0\tPágina  : 2 / 2")};
+  EXPECT_EQ(lienzo.Traza(), esperada);
 }
 
-TEST(LienzoTest, ElNumeroSeDibujaEncimaConSuPropioEstado) {
-  Lienzo lienzo;
-  for (int i = 0; i < 3; ++i) {
-    lienzo.IniciarPagina();
-    lienzo.Estado() = EstadoDibujo{10, true, true, false, 2};
-    lienzo.DibujarTexto(9900, 2000, QStringLiteral("1,250.50"));
-    lienzo.TerminarPagina();
-  }
-  lienzo.NumerarPaginas();
-  ASSERT_EQ(lienzo.TotalPaginas(), 3);
-  for (int i = 1; i <= 3; ++i) {
-    const Trazo &numero = lienzo.Pagina(i).trazos.last();
-    EXPECT_EQ(numero.texto, QStringLiteral("Página  : %1 / 3").arg(i));
-    EXPECT_EQ(numero.x, 7000);
-    EXPECT_EQ(numero.y, 720);
-    EXPECT_EQ(numero.estado.tamano, 8);
-    EXPECT_TRUE(numero.estado.azul);
-    EXPECT_FALSE(numero.estado.negrita);
-    EXPECT_FALSE(numero.estado.subrayado);
-    EXPECT_EQ(numero.estado.alineacion, 0);
-  }
-  EXPECT_EQ(lienzo.Textos().at(1), QStringLiteral("2000 <9900 1,250.50"));
-}
-
-TEST(LienzoTest, ElEstadoGuardadoVuelveTrasElEncabezado) {
-  Lienzo lienzo;
+TEST(LienzoGrabador, TheStateKeptIsPutBackAfterAHeader) {
+  LienzoGrabador lienzo;
   lienzo.IniciarPagina();
   lienzo.Estado().tamano = 7;
   lienzo.GuardarEstado();
-  lienzo.Estado() = EstadoDibujo{8, true, false, true, 0};
+  lienzo.Estado() = EstadoDibujo{8, true, true, true, 0};
   lienzo.DibujarTexto(0, 0, QStringLiteral("Empresa   :"));
   lienzo.RestaurarEstado();
   lienzo.DibujarTexto(0, 1100, QStringLiteral("renglón"));
-  const Trazo &renglon = lienzo.Pagina(1).trazos.last();
-  EXPECT_EQ(renglon.estado.tamano, 7);
-  EXPECT_FALSE(renglon.estado.negrita);
-  EXPECT_FALSE(renglon.estado.azul);
+  EXPECT_EQ(lienzo.Traza(),
+            (QStringList{QStringLiteral("1\ttexto\t0\t0\t8\t1\t1\tazul\t0\tEmpresa   :"),
+                         QStringLiteral("1\ttexto\t0\t1100\t7\t0\t0\tnegro\t0\trenglón")}));
 }
 
-TEST(LienzoTest, LaAlineacionDerechaTerminaEnLaCoordenada) {
-  // At 144 dots an inch a twip is a tenth of a dot; the drawn width starts 870 twips in.
+TEST(LienzoPintor, PagesAreKeptAsFilesLoadedAgainAndWrittenAsPdf) {
+  QTemporaryDir dir;
+  LienzoPintor lienzo;
+  DosPaginas(lienzo, dir.path());
+  ASSERT_EQ(lienzo.TotalPaginas(), 2);
+  // The kept pages are picture files the program can open again.
+  QPicture guardada;
+  EXPECT_TRUE(guardada.load(dir.filePath(QStringLiteral("p_1.emf"))));
+  const QString archivo = dir.filePath(QStringLiteral("reporte.pdf"));
+  ASSERT_EQ(GuardarPdf(lienzo, archivo), QString());
+  const QStringList paginas = PdfATexto(archivo).split(QChar(u'\f'), Qt::SkipEmptyParts);
+  ASSERT_EQ(paginas.size(), 2);
+  for (int i = 1; i <= 2; ++i) {
+    EXPECT_TRUE(paginas[i - 1].contains(QStringLiteral("Renglón de la página %1").arg(i)))
+        << paginas[i - 1].toStdString();
+    EXPECT_TRUE(paginas[i - 1].contains(QStringLiteral("%1 / 2").arg(i)))
+        << paginas[i - 1].toStdString();
+  }
+}
+
+TEST(LienzoPintor, AnAlignmentOfTwoEndsTheTextAtItsCoordinate) {
   for (int alineacion : {0, 2}) {
-    Lienzo lienzo;
+    LienzoPintor lienzo;
     lienzo.IniciarPagina();
     lienzo.Estado().alineacion = alineacion;
     lienzo.Estado().tamano = 10;
     lienzo.DibujarTexto(5000, 2000, QStringLiteral("TOTAL 1,234,567.89"));
+    lienzo.TerminarPagina();
     QImage hoja = Hoja();
     QPainter pintor(&hoja);
-    lienzo.DibujarPagina(pintor, 1);
+    DibujarPagina(pintor, lienzo.Pagina(1));
     pintor.end();
     const auto [primera, ultima] = ColumnasConTinta(hoja);
-    const int borde = (870 + 5000) / 10;
+    const int borde = (870 + 5000) / 10; // the drawn width begins 870 twips in
     if (alineacion == 2) {
       EXPECT_LE(ultima, borde);
       EXPECT_GE(ultima, borde - 3);
@@ -117,55 +143,12 @@ TEST(LienzoTest, LaAlineacionDerechaTerminaEnLaCoordenada) {
   }
 }
 
-TEST(LienzoTest, ElPdfTieneCadaPaginaConSuTexto) {
+TEST(LienzoPintor, APdfThatCantBeWrittenGivesItsReason) {
   QTemporaryDir dir;
-  Lienzo lienzo;
-  for (int i = 1; i <= 3; ++i) {
-    lienzo.IniciarPagina();
-    lienzo.DibujarTexto(0, 1100, QStringLiteral("Renglón de la página %1").arg(i));
-    lienzo.Linea(0, 1300, Lienzo::kAncho, 1300);
-    lienzo.Recuadro(6900, 240, 2500, 200);
-    lienzo.TerminarPagina();
-  }
-  lienzo.NumerarPaginas();
-  const QString archivo = dir.filePath(QStringLiteral("reporte.pdf"));
-  ASSERT_EQ(lienzo.GuardarPdf(archivo), QString());
-  const QStringList paginas = PdfATexto(archivo).split(QChar(u'\f'), Qt::SkipEmptyParts);
-  ASSERT_EQ(paginas.size(), 3);
-  for (int i = 1; i <= 3; ++i) {
-    EXPECT_TRUE(paginas[i - 1].contains(QStringLiteral("Renglón de la página %1").arg(i)))
-        << paginas[i - 1].toStdString();
-    EXPECT_TRUE(paginas[i - 1].contains(QStringLiteral("Página : %1 / 3").arg(i)) ||
-                paginas[i - 1].contains(QStringLiteral("Página  : %1 / 3").arg(i)))
-        << paginas[i - 1].toStdString();
-  }
-}
-
-TEST(LienzoTest, UnPdfQueNoSePuedeEscribirDaSuMotivo) {
-  QTemporaryDir dir;
-  Lienzo lienzo;
+  LienzoPintor lienzo;
   lienzo.IniciarPagina();
   lienzo.TerminarPagina();
   const QString archivo = dir.filePath(QStringLiteral("no/existe/reporte.pdf"));
-  EXPECT_EQ(lienzo.GuardarPdf(archivo),
+  EXPECT_EQ(GuardarPdf(lienzo, archivo),
             QStringLiteral("No se pudo escribir el archivo %1").arg(archivo));
-  EXPECT_FALSE(QFile::exists(archivo));
-}
-
-TEST(LienzoTest, LaPaginaGuardadaSeAbreYSeDibujaComoEsta) {
-  QTemporaryDir dir;
-  Lienzo lienzo;
-  lienzo.IniciarPagina();
-  lienzo.Linea(0, 960, Lienzo::kAncho, 960);
-  lienzo.DibujarTexto(0, 0, QStringLiteral("Empresa   : DEMO"));
-  lienzo.TerminarPagina();
-  const QString archivo = dir.filePath(QStringLiteral("pagina.emf"));
-  ASSERT_EQ(lienzo.GuardarImagenPagina(1, archivo), QString());
-  QPicture imagen;
-  ASSERT_TRUE(imagen.load(archivo));
-  // The line spans the drawn width from the left margin, in twips.
-  EXPECT_EQ(imagen.boundingRect().left(), 870);
-  EXPECT_GE(imagen.boundingRect().right(), 870 + Lienzo::kAncho - 1);
-  EXPECT_NE(lienzo.GuardarImagenPagina(1, dir.filePath(QStringLiteral("no/existe.emf"))),
-            QString());
 }
