@@ -4,6 +4,7 @@
 #include "cli/ComandoExportar.h"
 #include "cli/ComandoGenerar.h"
 #include "cli/ComandoPoliza.h"
+#include "cli/ComandoReporte.h"
 #include "db/EmpresaDemo.h"
 #include "shell/CargaEmpresa.h"
 #include "shell/CatalogoMensajes.h"
@@ -155,7 +156,8 @@ const char *const kSalidas =
 
 const QList<ComandoCli> &TodosLosComandos() {
   static const QList<ComandoCli> comandos = {ComandoDemo(),   ComandoResumen(),  ComandoGenerar(),
-                                             ComandoPoliza(), ComandoExportar(), ComandoEliminar()};
+                                             ComandoPoliza(), ComandoExportar(), ComandoEliminar(),
+                                             ComandoReporte()};
   return comandos;
 }
 

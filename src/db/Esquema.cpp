@@ -16,6 +16,7 @@ using enum TipoDato;
 
 // Lengths of the text columns that repeat across tables.
 constexpr int kCodigo = 10; // catalogue codes: concepts, cities, branches
+constexpr int kRfc = 13;    // a tax number: 12 characters for a company, 13 for a person
 constexpr int kFolio = 20;  // document keys, folios and user codes
 // Journal folios: eleven digits, more when the counter outgrows them.
 constexpr int kFolioPoliza = 20;
@@ -69,9 +70,9 @@ const std::vector<Tabla> &TablasEmpresa() {
            {"INT_EMP", Texto, kFolio},
            {"CP_EMP", Texto, kCodigo},
            {"COL_EMP", Texto, kNombre},
-           {"RFC1_EMP", Texto, kCodigo},
-           {"RFC2_EMP", Texto, kCodigo},
-           {"RFC3_EMP", Texto, kCodigo},
+           {"RFC1_EMP", Texto, kRfc},
+           {"RFC2_EMP", Texto, kRfc},
+           {"RFC3_EMP", Texto, kRfc},
            {"DESCRIP1", Texto, kDescripcion},
            {"DESCRIP2", Texto, kDescripcion},
            {"DESCRIP3", Texto, kDescripcion},
@@ -1231,9 +1232,9 @@ const std::vector<Tabla> &TablasGeneral() {
            {"NOM_EMP", Texto, kDescripcion},
            {"NOM_COM", Texto, kDescripcion},
            {"DIR1_EMP", Texto, 60},
-           {"RFC1_EMP", Texto, kCodigo},
-           {"RFC2_EMP", Texto, kCodigo},
-           {"RFC3_EMP", Texto, kCodigo},
+           {"RFC1_EMP", Texto, kRfc},
+           {"RFC2_EMP", Texto, kRfc},
+           {"RFC3_EMP", Texto, kRfc},
            {"DESCRIP1", Texto, kDescripcion},
            {"DESCRIP2", Texto, kDescripcion},
            {"DESCRIP3", Texto, kDescripcion},
