@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, creates the demo installation (demo/ or the folder
 # given) and runs the main job on it: the month's journal entries, their export for
-# CONTPAQ and in a user layout of two rows, and a summary.
+# CONTPAQ and in a user layout of two rows, the detailed journal list as PDF, and a summary.
 set -euo pipefail
 raiz="$(cd "$(dirname "$0")/.." && pwd)"
 destino="${1:-$raiz/demo}"
@@ -38,6 +38,10 @@ for par in "1 Polizas_CONTPAQ.txt" "2 Polizas_DosRenglones.txt"; do
   echo "-- primeras líneas:"
   head -n 4 "$destino/Export/$2" | iconv -f WINDOWS-1252 -t UTF-8 | tr -d '\r'
 done
+echo
+echo "== Relación detallada de pólizas de la empresa 1 en $destino/polizas.pdf"
+"$cli" --ruta "$destino" reporte --empresa 1 "${sesion[@]}" --del "$del" --al "$al" --detallado \
+  --pdf "$destino/polizas.pdf"
 echo
 echo "== Tablas de pólizas de la empresa 1"
 "$cli" --ruta "$destino" resumen --empresa 1 | sed -n '/Tablas de pólizas/,$p' | tail -n +2

@@ -90,7 +90,15 @@ TEST_F(Opciones, EveryWrongCommandLineExitsOneNamingTheOptionAndChangesNothing) 
     return l;
   };
   const QStringList eli = QStringList{QStringLiteral("eliminar")} + Entrada() + Periodo();
+  const QStringList rep = QStringList{QStringLiteral("reporte")} + Entrada() + Periodo();
   const CasoMalo casos[] = {
+      {"reporte", rep + L({"--png", "x"}), "La opción --png no existe en el comando reporte."},
+      {"reporte", rep + L({"--pdf"}), "A la opción --pdf le falta su valor (RUTA)."},
+      {"reporte", rep + L({"--detallado", "--detallado"}),
+       "La opción --detallado se dio más de una vez."},
+      {"reporte", rep + L({"--modulo", "ventas"}),
+       "La opción --modulo espera un número entero: «ventas»."},
+      {"reporte", rep + L({"todo"}), "Sobra el argumento «todo»: el comando reporte no lo espera."},
       {"eliminar", eli + L({"--todo"}), "La opción --todo no existe en el comando eliminar."},
       {"eliminar", eli + L({"--concepto"}), "A la opción --concepto le falta su valor (C)."},
       {"eliminar", eli + L({"--si", "--si"}), "La opción --si se dio más de una vez."},
