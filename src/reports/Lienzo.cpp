@@ -177,7 +177,7 @@ void DibujarPagina(QPainter &pintor, const QPicture &pagina) {
   pintor.restore();
 }
 
-QString GuardarPdf(const LienzoPintor &lienzo, const QString &archivo) {
+QString GuardarPdf(const LienzoPintor &lienzo, const QString &archivo, int pagina) {
   QPdfWriter pdf(archivo);
   pdf.setCreator(QStringLiteral("Escribano"));
   pdf.setPageLayout(
@@ -185,8 +185,10 @@ QString GuardarPdf(const LienzoPintor &lienzo, const QString &archivo) {
   QPainter pintor;
   if (!pintor.begin(&pdf))
     return QStringLiteral("No se pudo escribir el archivo %1").arg(archivo);
-  for (int i = 1; i <= lienzo.TotalPaginas(); ++i) {
-    if (i > 1)
+  const int desde = pagina > 0 ? pagina : 1;
+  const int hasta = pagina > 0 ? pagina : lienzo.TotalPaginas();
+  for (int i = desde; i <= hasta; ++i) {
+    if (i > desde)
       pdf.newPage();
     DibujarPagina(pintor, lienzo.Pagina(i));
   }

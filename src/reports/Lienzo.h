@@ -120,6 +120,6 @@ private:
 // Draws a page (twips) on a sheet of letter paper or its image: the drawn width centred
 // across the sheet, the top margin half an inch.
 void DibujarPagina(QPainter &pintor, const QPicture &pagina);
-// Every page of a painted document as a letter-size PDF; an empty text when written,
-// the reason otherwise.
-QString GuardarPdf(const LienzoPintor &lienzo, const QString &archivo);
+// Every page of a painted document (or only page `pagina`, from 1) as a letter-size PDF;
+// an empty text when written, the reason otherwise.
+QString GuardarPdf(const LienzoPintor &lienzo, const QString &archivo, int pagina = 0);
