@@ -3,6 +3,7 @@
 #include "journal/pantallas/frmGenerarPolizas.h"
 #include "pantallas/PantallaDialogo.h"
 #include "pantallas/Pantallas.h"
+#include "reports/pantallas/frmConsultaPolizas.h"
 #include "shell/CatalogoMensajes.h"
 #include "shell/ErrorFatal.h"
 #include "shell/FinOrdenado.h"
@@ -33,6 +34,8 @@ void RegistrarPantallas(mdiMnuPri &principal) {
                       [](QWidget *padre) { return std::make_unique<frmGenerarPolizas>(padre); });
   principal.Registrar(QStringLiteral("mnuGenArchPolizas"),
                       [](QWidget *padre) { return std::make_unique<frmGenerarArchivo>(padre); });
+  principal.Registrar(QStringLiteral("mnuConsPolizas"),
+                      [](QWidget *padre) { return std::make_unique<frmConsultaPolizas>(padre); });
   principal.Registrar(QStringLiteral("mnuEliPolizas"),
                       [](QWidget *padre) { return std::make_unique<frmEliminarPolizas>(padre); });
 }

@@ -44,11 +44,10 @@ TEST_F(Preview, TheZoomListHasItsNineEntriesWithOneHundredChosen) {
   QStringList zooms;
   for (int i = 0; i < f->cmbZoom->count(); ++i)
     zooms << f->cmbZoom->itemText(i);
-  EXPECT_EQ(zooms, (QStringList{QStringLiteral("30%"), QStringLiteral("50%"),
-                                QStringLiteral("70%"), QStringLiteral("80%"),
-                                QStringLiteral("90%"), QStringLiteral("100%"),
-                                QStringLiteral("130%"), QStringLiteral("150%"),
-                                QStringLiteral("200%")}));
+  EXPECT_EQ(zooms,
+            (QStringList{QStringLiteral("30%"), QStringLiteral("50%"), QStringLiteral("70%"),
+                         QStringLiteral("80%"), QStringLiteral("90%"), QStringLiteral("100%"),
+                         QStringLiteral("130%"), QStringLiteral("150%"), QStringLiteral("200%")}));
   EXPECT_EQ(f->cmbZoom->currentIndex(), 5);
   EXPECT_EQ(f->lblPagina->text(), QStringLiteral("1/3"));
   const int ancho = f->Preview->width();
