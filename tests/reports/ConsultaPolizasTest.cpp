@@ -226,8 +226,7 @@ TEST_P(Consulta, TheMovementReportListsPostedDocumentsWithTheirEntries) {
   EXPECT_TRUE(traza.contains(
       QStringLiteral("1\ttexto\t4100\t1650\t9\t1\t0\tazul\t0\tConcepto: VENTAS DE CONTADO")))
       << traza.join(u'\n').toStdString();
-  EXPECT_EQ(traza.filter(QStringLiteral("\t1200\t")).size(), 5)
-      << traza.join(u'\n').toStdString();
+  EXPECT_EQ(traza.filter(QStringLiteral("\t1200\t")).size(), 5) << traza.join(u'\n').toStdString();
   EXPECT_TRUE(traza.filter(QStringLiteral("G-3")).isEmpty());
   EXPECT_FALSE(traza.filter(QStringLiteral("\tPóliza por Día")).isEmpty());
   EXPECT_FALSE(traza.filter(QStringLiteral("\t2\tE00000000002")).isEmpty());
@@ -251,3 +250,37 @@ TEST(FechaEncabezado, TheMonthsSpanishAbbreviation) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Motores, Consulta, testing::ValuesIn(MotoresDePrueba()), NombreMotor);
+
+TEST_P(Consulta, ALineWhoseTwoAccountsBothMatchARubroComesTwice) {
+  ::Poliza p;
+  p.FOL_POLIZA = QStringLiteral("00000000007");
+  p.TIP_POLIZA = QStringLiteral("O");
+  p.FEC_POLIZA = p.FEC_ANTERIOR = QDate(2026, 11, 7);
+  p.COD_OPER = 1;
+  p.CONCEP_POL = QStringLiteral("AJUSTE");
+  InsertarPoliza(*con, p, {});
+  Sql("INSERT INTO tblPolizasRen (FOL_POLIZA,TIP_POLIZA,COD_DATO,RUBRO_DEBE,RUBRO_HABER,"
+      "CUENTA_DEBE,CUENTA_HABER,IMP_DEBE,IMP_HABER) VALUES ('00000000007','O',1,'1-01','4-01',"
+      "'1100','4100',5,0)");
+  OpcionesConsulta op = Noviembre();
+  op.detallado = true;
+  op.folio = QStringLiteral("00000000007");
+  const QStringList traza = Trazar(op);
+  // Found once by its debit account (CAJA) and once by its credit account (VENTAS); the
+  // debit column is drawn either way.
+  EXPECT_EQ(traza.filter(QStringLiteral("\t3900\t")).filter(QStringLiteral("1100 ")).size(), 2)
+      << traza.join(u'\n').toStdString();
+  EXPECT_EQ(traza.filter(QStringLiteral("\t8000\t")).filter(QStringLiteral("\t5.00")).size(), 2);
+}
+
+TEST_P(Consulta, TheConceptTableReadAtLoadDoesntSeeLaterChanges) {
+  const QList<ConceptoMovimiento> tabla = CargarConceptos(*con);
+  EXPECT_EQ(DescripcionConcepto(tabla, 22, QStringLiteral("RENT")),
+            QStringLiteral("RENTA DEL LOCAL"));
+  EXPECT_EQ(DescripcionConcepto(tabla, 1, QStringLiteral("NVEN")),
+            QStringLiteral("VENTAS DE CONTADO"));
+  Sql("INSERT INTO tblConceptosGyT (COD_CON,DES_CON,COD_FOL) VALUES ('LUZ','LUZ','GTOS')");
+  EXPECT_EQ(DescripcionConcepto(tabla, 22, QStringLiteral("LUZ")), QString());
+  EXPECT_EQ(DescripcionConcepto(CargarConceptos(*con), 22, QStringLiteral("LUZ")),
+            QStringLiteral("LUZ"));
+}
