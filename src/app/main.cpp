@@ -1,3 +1,4 @@
+#include "config/pantallas/frmDiarios.h"
 #include "export/pantallas/frmGenerarArchivo.h"
 #include "journal/pantallas/frmEliminarPolizas.h"
 #include "journal/pantallas/frmGenerarPolizas.h"
@@ -34,6 +35,8 @@ void RegistrarPantallas(mdiMnuPri &principal) {
                       [](QWidget *padre) { return std::make_unique<frmGenerarPolizas>(padre); });
   principal.Registrar(QStringLiteral("mnuGenArchPolizas"),
                       [](QWidget *padre) { return std::make_unique<frmGenerarArchivo>(padre); });
+  principal.Registrar(QStringLiteral("mnuDiarios"),
+                      [](QWidget *padre) { return std::make_unique<frmDiarios>(padre); });
   principal.Registrar(QStringLiteral("mnuConsPolizas"),
                       [](QWidget *padre) { return std::make_unique<frmConsultaPolizas>(padre); });
   principal.Registrar(QStringLiteral("mnuEliPolizas"),
