@@ -101,3 +101,13 @@ void ComboDatos::Cambio() {
   if (alCambiar_)
     alCambiar_();
 }
+
+void CargarTiposYOperaciones(Conexion &con, ComboDatos *tipos, ComboDatos *operaciones) {
+  tipos->Cargar(con,
+                QStringLiteral("SELECT COD_FOLIO, DES_FOLIO FROM tblFolios ORDER BY COD_FOLIO"),
+                QStringLiteral("COD_FOLIO"), QStringLiteral("DES_FOLIO"));
+  // Two blanks before ORDER, as the family's other screens send it.
+  operaciones->Cargar(
+      con, QStringLiteral("SELECT COD_OPER, DES_OPER FROM tblCatOperaciones  ORDER BY COD_OPER"),
+      QStringLiteral("COD_OPER"), QStringLiteral("DES_OPER"));
+}

@@ -52,3 +52,7 @@ private:
   void Cambio();
   std::function<void()> alCambiar_;
 };
+
+// The journal types and the operations of the whole catalogue, as filter lists, the way
+// the export and deletion screens load them at their opening.
+void CargarTiposYOperaciones(Conexion &con, ComboDatos *tipos, ComboDatos *operaciones);

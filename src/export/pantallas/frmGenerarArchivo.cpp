@@ -95,20 +95,10 @@ frmGenerarArchivo::frmGenerarArchivo(QWidget *padre) : QDialog(padre), cdgArchiv
   ServicioConexion servicio;
   servicio.Motor = gMotor;
   conexion_ = servicio.AbrirConexion(gConexion);
-  cmbFolios->Cargar(*conexion_,
-                    QStringLiteral("SELECT COD_FOLIO, DES_FOLIO FROM tblFolios ORDER BY COD_FOLIO"),
-                    QStringLiteral("COD_FOLIO"), QStringLiteral("DES_FOLIO"));
-  LlenarOperaciones();
+  CargarTiposYOperaciones(*conexion_, cmbFolios, cmbOperaciones);
 }
 
 frmGenerarArchivo::~frmGenerarArchivo() = default;
-
-void frmGenerarArchivo::LlenarOperaciones() {
-  cmbOperaciones->Cargar(
-      *conexion_,
-      QStringLiteral("SELECT COD_OPER, DES_OPER FROM tblCatOperaciones  ORDER BY COD_OPER"),
-      QStringLiteral("COD_OPER"), QStringLiteral("DES_OPER"));
-}
 
 void frmGenerarArchivo::LlenarConceptos() {
   cmbConceptos->Limpiar();

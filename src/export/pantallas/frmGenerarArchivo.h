@@ -40,7 +40,6 @@ public:
 
 private:
   Avance avance_;
-  void LlenarOperaciones();
   // The concepts of the chosen operation; none for an operation without a catalogue.
   void LlenarConceptos();
   // "GRB": the format is read at the first press and kept while the screen is open.

@@ -63,14 +63,7 @@ frmEliminarPolizas::frmEliminarPolizas(QWidget *padre) : QDialog(padre) {
   ServicioConexion servicio;
   servicio.Motor = gMotor;
   conexion_ = servicio.AbrirConexion(gConexion);
-  cmbFolios->Cargar(*conexion_,
-                    QStringLiteral("SELECT COD_FOLIO, DES_FOLIO FROM tblFolios ORDER BY COD_FOLIO"),
-                    QStringLiteral("COD_FOLIO"), QStringLiteral("DES_FOLIO"));
-  // Two blanks before ORDER, as the family's other screens send it.
-  cmbOperaciones->Cargar(
-      *conexion_,
-      QStringLiteral("SELECT COD_OPER, DES_OPER FROM tblCatOperaciones  ORDER BY COD_OPER"),
-      QStringLiteral("COD_OPER"), QStringLiteral("DES_OPER"));
+  CargarTiposYOperaciones(*conexion_, cmbFolios, cmbOperaciones);
 }
 
 frmEliminarPolizas::~frmEliminarPolizas() = default;
