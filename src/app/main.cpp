@@ -1,3 +1,4 @@
+#include "config/pantallas/frmCatalogo.h"
 #include "config/pantallas/frmDiarios.h"
 #include "export/pantallas/frmGenerarArchivo.h"
 #include "journal/pantallas/frmEliminarPolizas.h"
@@ -35,6 +36,8 @@ void RegistrarPantallas(mdiMnuPri &principal) {
                       [](QWidget *padre) { return std::make_unique<frmGenerarPolizas>(padre); });
   principal.Registrar(QStringLiteral("mnuGenArchPolizas"),
                       [](QWidget *padre) { return std::make_unique<frmGenerarArchivo>(padre); });
+  principal.Registrar(QStringLiteral("mnuCatalogo"),
+                      [](QWidget *padre) { return std::make_unique<frmCatalogo>(padre); });
   principal.Registrar(QStringLiteral("mnuDiarios"),
                       [](QWidget *padre) { return std::make_unique<frmDiarios>(padre); });
   principal.Registrar(QStringLiteral("mnuConsPolizas"),

@@ -28,6 +28,8 @@ QString gCodUsu;
 QString gPassUsu;
 QString gMercancia;
 QString gRutaDirectorio;
+QString gRutaBusqueda;
+QString gCodigoEncontrado;
 bool gVersionOk = false;
 DatosEmpresa gEmpresa;
 ServiciosElectronicos gServicios;

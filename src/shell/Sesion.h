@@ -30,7 +30,9 @@ extern QString gConxDP;
 extern QString gCodUsu;
 extern QString gPassUsu;
 extern QString gMercancia;
-extern QString gRutaDirectorio; // folder exchanged with the folder picker
+extern QString gRutaDirectorio;   // folder exchanged with the folder picker
+extern QString gRutaBusqueda;     // folder of the catalogue search (DIRCONSULTAS)
+extern QString gCodigoEncontrado; // the code the catalogue search returned
 extern bool gVersionOk;
 
 // What the company load keeps for the printed headers of the family, by column name.

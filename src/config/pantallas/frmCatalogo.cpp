@@ -1,0 +1,196 @@
+#include "config/pantallas/frmCatalogo.h"
+
+#include "pantallas/PantallaBarra.h"
+#include "pantallas/Pantallas.h"
+#include "pantallas/frmBuscar.h"
+#include "shell/ServicioUtil.h"
+#include "shell/Sesion.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRegularExpressionValidator>
+#include <QVBoxLayout>
+
+frmCatalogo::frmCatalogo(QWidget *padre) : QDialog(padre), busqueda(&frmBuscar::Buscar) {
+  PrepararVentana(this, QStringLiteral("frmCatalogo"), QStringLiteral("CATÁLOGO"));
+  // The tips of "SAL" and "AYU" stand crossed over, as on the family's other catalogues.
+  tlbCatalogo = new BarraPantalla(
+      this, {{QStringLiteral("NVO"), QStringLiteral("F2"), QStringLiteral("Limpiar pantalla"),
+              [this] {
+                cmbRubros->setCurrentIndex(-1);
+                PrepararRubroNuevo();
+                cmbRubros->setFocus();
+              }},
+             {QStringLiteral("BUS"), QStringLiteral("F6"), QStringLiteral("Buscar Rubro"),
+              [this] { Buscar(); }},
+             {QStringLiteral("GRB"), QStringLiteral("F10"), QStringLiteral("Grabar Rubro"),
+              [this] { GrabarRubro(); }},
+             {QStringLiteral("BOR"), QStringLiteral("F3"), QStringLiteral("Borrar Rubro"),
+              [this] { BorrarRubro(); }},
+             {QStringLiteral("SAL"), QStringLiteral("Esc"), QStringLiteral("Ayuda")},
+             {QStringLiteral("AYU"), QStringLiteral("F1"), QStringLiteral("Salir")}});
+
+  cmbRubros = new QComboBox(this);
+  cmbRubros->setObjectName(QStringLiteral("cmbRubros"));
+  const auto etiqueta = [this](const char *nombre) {
+    auto *l = new QLabel(this);
+    l->setObjectName(QLatin1String(nombre));
+    l->setMinimumWidth(120);
+    return l;
+  };
+  lblDesRubroSist = etiqueta("lblDesRubroSist");
+  lblRubroEmp = etiqueta("lblRubroEmp");
+  lblEdoFinanciero = etiqueta("lblEdoFinanciero");
+  lblNaturaleza = etiqueta("lblNaturaleza");
+  txtDesRubro = new QLineEdit(this);
+  txtDesRubro->setObjectName(QStringLiteral("txtDesRubro"));
+  txtNumCuenta = new QLineEdit(this);
+  txtNumCuenta->setObjectName(QStringLiteral("txtNumCuenta"));
+  // Digits and "-" only.
+  txtNumCuenta->setValidator(
+      new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9-]*")), txtNumCuenta));
+
+  auto *capa = new QGridLayout;
+  const std::pair<const char *, QWidget *> filas[] = {
+      {"Rubro del Sistema", cmbRubros},     {"", lblDesRubroSist},
+      {"Rubro de la empresa", lblRubroEmp}, {"Descripción", txtDesRubro},
+      {"Número de Cuenta", txtNumCuenta},   {"Edo. Financiero", lblEdoFinanciero},
+      {"Naturaleza", lblNaturaleza}};
+  int fila = 0;
+  for (const auto &[leyenda, control] : filas) {
+    capa->addWidget(new QLabel(QString::fromUtf8(leyenda), this), fila, 0);
+    capa->addWidget(control, fila++, 1);
+  }
+  capa->setColumnStretch(1, 1);
+  auto *raiz = new QVBoxLayout(this);
+  raiz->setMenuBar(tlbCatalogo);
+  raiz->addLayout(capa);
+  raiz->addStretch(1);
+  resize(560, 320);
+
+  new RechazoApostrofe(this);
+  cmbRubros->installEventFilter(this);
+  txtDesRubro->installEventFilter(this);
+
+  ServicioConexion servicio;
+  servicio.Motor = gMotor;
+  conexion_ = servicio.AbrirConexion(gConexion);
+  cmbRubros->addItems(PadresDeRubros(*conexion_));
+  cmbRubros->setCurrentIndex(-1); // nothing chosen at the opening
+  connect(cmbRubros, &QComboBox::currentIndexChanged, this, [this](int indice) {
+    if (indice >= 0)
+      PrepararRubroNuevo();
+  });
+}
+
+frmCatalogo::~frmCatalogo() = default;
+
+RubroEnPantalla frmCatalogo::Leer() const {
+  RubroEnPantalla r;
+  r.padre = cmbRubros->currentText();
+  r.desPadre = lblDesRubroSist->text();
+  r.rubroEmp = lblRubroEmp->text();
+  r.descripcion = txtDesRubro->text();
+  r.cuenta = txtNumCuenta->text();
+  r.edoFinanciero = lblEdoFinanciero->text();
+  r.naturaleza = lblNaturaleza->text();
+  r.tipoCuentaPadre = tipoCuentaPadre_;
+  return r;
+}
+
+void frmCatalogo::Mostrar(const RubroEnPantalla &r) {
+  if (r.padre.isEmpty())
+    cmbRubros->setCurrentIndex(-1);
+  lblDesRubroSist->setText(r.desPadre);
+  lblRubroEmp->setText(r.rubroEmp);
+  txtDesRubro->setText(r.descripcion);
+  txtNumCuenta->setText(r.cuenta);
+  lblEdoFinanciero->setText(r.edoFinanciero);
+  lblNaturaleza->setText(r.naturaleza);
+  tipoCuentaPadre_ = r.tipoCuentaPadre;
+}
+
+void frmCatalogo::PrepararRubroNuevo() {
+  RubroEnPantalla r = Leer();
+  ::PrepararRubroNuevo(*conexion_, r);
+  Mostrar(r);
+}
+
+void frmCatalogo::Recorrer(const QString &codigo) {
+  for (int i = 0; i < cmbRubros->count() && cmbRubros->currentText() != codigo; ++i)
+    cmbRubros->setCurrentIndex(i);
+}
+
+void frmCatalogo::MostrarRubro(const QString &codigo) {
+  const std::optional<RubroLeido> leido = LeerRubro(*conexion_, codigo);
+  if (!leido)
+    return;
+  if (leido->CLASIF_RUBRO == QStringLiteral("S")) {
+    Recorrer(codigo);
+    // A rubro of the system outside the list of parents still shows, by its code.
+    if (cmbRubros->currentText() != codigo) {
+      cmbRubros->setEditable(true);
+      cmbRubros->setEditText(codigo);
+    }
+    lblDesRubroSist->setText(leido->DES_RUBRO);
+    lblRubroEmp->clear();
+  } else {
+    Recorrer(codigo.left(codigo.size() - 3));
+    lblRubroEmp->setText(codigo);
+  }
+  txtDesRubro->setText(leido->DES_RUBRO);
+  lblEdoFinanciero->setText(leido->EDOFIN_RUBRO);
+  lblNaturaleza->setText(leido->NATURAL_RUBRO);
+  txtNumCuenta->setText(leido->CUENTA_RUBRO);
+}
+
+void frmCatalogo::GrabarRubro() {
+  RubroEnPantalla r = Leer();
+  if (::GrabarRubro(*conexion_, r)) {
+    cmbRubros->setEditable(false);
+    Mostrar(r);
+  }
+}
+
+void frmCatalogo::BorrarRubro() {
+  RubroEnPantalla r = Leer();
+  bool borrado = false;
+  {
+    RelojArena reloj;
+    borrado = ::BorrarRubro(*conexion_, r);
+  }
+  if (borrado)
+    Mostrar(r);
+}
+
+void frmCatalogo::Buscar() {
+  gRutaBusqueda = ServicioUtil::LeerIni(QStringLiteral("VARIOS"), QStringLiteral("DIRCONSULTAS"),
+                                        RutaNimbarIni());
+  gCodigoEncontrado = busqueda(this, *conexion_, QStringLiteral("RUBROS"));
+  if (!gCodigoEncontrado.isEmpty())
+    MostrarRubro(gCodigoEncontrado);
+}
+
+bool frmCatalogo::eventFilter(QObject *objeto, QEvent *evento) {
+  if (evento->type() != QEvent::KeyPress)
+    return QDialog::eventFilter(objeto, evento);
+  auto *tecla = static_cast<QKeyEvent *>(evento);
+  const bool enter = tecla->key() == Qt::Key_Return || tecla->key() == Qt::Key_Enter;
+  if (objeto == cmbRubros) {
+    if (enter) {
+      PrepararRubroNuevo();
+      txtDesRubro->setFocus();
+      return true;
+    }
+    // Typing into the list is swallowed: only choosing counts.
+    return !tecla->text().isEmpty() && tecla->text()[0].isPrint();
+  }
+  if (objeto == txtDesRubro && enter) {
+    txtNumCuenta->setFocus();
+    return true;
+  }
+  return QDialog::eventFilter(objeto, evento);
+}
