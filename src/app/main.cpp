@@ -1,4 +1,5 @@
 #include "config/pantallas/frmCatalogo.h"
+#include "config/pantallas/frmDefinirAsientos.h"
 #include "config/pantallas/frmDiarios.h"
 #include "export/pantallas/frmGenerarArchivo.h"
 #include "journal/pantallas/frmEliminarPolizas.h"
@@ -36,6 +37,8 @@ void RegistrarPantallas(mdiMnuPri &principal) {
                       [](QWidget *padre) { return std::make_unique<frmGenerarPolizas>(padre); });
   principal.Registrar(QStringLiteral("mnuGenArchPolizas"),
                       [](QWidget *padre) { return std::make_unique<frmGenerarArchivo>(padre); });
+  principal.Registrar(QStringLiteral("mnuDefAsientos"),
+                      [](QWidget *padre) { return std::make_unique<frmDefinirAsientos>(padre); });
   principal.Registrar(QStringLiteral("mnuCatalogo"),
                       [](QWidget *padre) { return std::make_unique<frmCatalogo>(padre); });
   principal.Registrar(QStringLiteral("mnuDiarios"),
