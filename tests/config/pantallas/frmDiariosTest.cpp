@@ -75,6 +75,7 @@ TEST_P(Diarios, ANumberTypedIsSavedAsTypedNotPadded) {
   ASSERT_TRUE(Numero()->isVisible());
   EXPECT_EQ(Numero()->text(), QStringLiteral("3"));
   QTest::keyClick(Numero(), Qt::Key_5);
+  GuardarCaptura(f.get(), QStringLiteral("frmDiarios_editor"));
   QTest::keyClick(Numero(), Qt::Key_Return);
   EXPECT_FALSE(Numero()->isVisible());
   EXPECT_EQ(Texto(1, 2), QStringLiteral("35"));
