@@ -171,3 +171,29 @@ TEST_P(Definir, OperationTwentyThreeHasOneFrequencyAndTwentySixOneDatum) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Motores, Definir, testing::ValuesIn(MotoresDePrueba()), NombreMotor);
+
+TEST_P(Definir, ASavedRowOfAnExcludedDatumIsntShownAndAVanishedRubroLeavesItsAccount) {
+  Sql("INSERT INTO tblOperacionxConcep (COD_POL,COD_OPER,MODULO,CONCEPTO,TIP_POLIZA,STS_POLIZA,"
+      "FREC,DIARIO) VALUES (7,1,1,'','D','D',1,3)");
+  Sql("INSERT INTO tblRubrosxOperacion (COD_POL,COD_DATO,RUBRO_DEBE,RUBRO_HABER,CUENTA_DEBE,"
+      "CUENTA_HABER,TXT_CONC) VALUES (7,1,'9-99','4-01','9999','4100','VENTAS'),"
+      "(7,118,'1-01','','1100','','VENTAS')");
+  f = std::make_unique<frmDefinirAsientos>();
+  f->show();
+  QApplication::setActiveWindow(f.get());
+  ASSERT_EQ(f->flxDisplay->rowCount(), 3);
+  // The debit rubro is gone from the chart: its cell is empty, its account stays hidden.
+  EXPECT_EQ(Celda(0, 3), QString());
+  EXPECT_EQ(Celda(0, 5), QStringLiteral("9999"));
+  EXPECT_EQ(Celda(0, 4), QStringLiteral("VENTAS"));
+  EXPECT_TRUE(f->lblTipo->isVisible());
+  // Saved again, the row of datum 118 vanishes; the credit keeps datum 1's row alive with
+  // the vanished debit's account.
+  Rubro(1, 3, QStringLiteral("1-01"));
+  emp->mensajes.respuestas = {RespuestaMensaje::Si};
+  QTest::keyClick(f->flxDisplay, Qt::Key_F10);
+  EXPECT_EQ(emp->mensajes.Ids(), std::vector<int>{5505});
+  EXPECT_EQ(Renglones(), (QStringList{QStringLiteral("1|9999|4100|7|VENTAS DE CONTADO||4-01|1|D"),
+                                      QStringLiteral("2|1100||7|VENTAS DE CONTADO|1-01||1|D")}));
+  EXPECT_EQ(Reglas(), QStringList{QStringLiteral("7|1|1||D|D|1|3")});
+}
