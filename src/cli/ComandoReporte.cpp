@@ -1,6 +1,7 @@
 #include "cli/ComandoReporte.h"
 
 #include "cli/ComandoExportar.h"
+#include "cli/Progreso.h"
 
 #include "reports/ConsultaPolizas.h"
 #include "reports/Lienzo.h"
@@ -71,38 +72,48 @@ int Reporte(const Leidas &o, Contexto &ctx) {
   const QString temporal = RutaNativa(UnirRuta(gRutaApp, QStringLiteral("TEMP")));
   QDir().mkpath(temporal);
 
+  // Each output draws the report once on its own canvas.
+  LineaAvance linea(ctx.err, ctx.progreso);
+  ctx.linea = &linea;
   int paginas = 0;
-  if (o.Hay(QStringLiteral("trazo"))) {
-    LienzoGrabador grabador;
-    ReporteConsulta reporte(con, grabador, empresa, conceptos, temporal, Hoy());
+  const auto dibujar = [&](Lienzo &lienzo) {
+    ReporteConsulta reporte(con, lienzo, empresa, conceptos, temporal, Hoy());
+    reporte.avance = [&linea](int pagina) {
+      linea.Mostrar(QStringLiteral("Páginas dibujadas %1").arg(pagina));
+    };
     reporte.ArmarFiltros(op);
     reporte.GenerarReporte();
     paginas = reporte.Paginas();
+  };
+  if (o.Hay(QStringLiteral("trazo"))) {
+    LienzoGrabador grabador;
+    dibujar(grabador);
     QSaveFile archivo(RutaNativa(o.Texto(QStringLiteral("trazo"))));
     const QByteArray texto = grabador.Traza().join(QLatin1Char('\n')).toUtf8() + "\n";
     if (!archivo.open(QIODevice::WriteOnly) || archivo.write(texto) != texto.size() ||
         !archivo.commit()) {
+      linea.Borrar();
       ctx.err << "No se pudo escribir el archivo " << archivo.fileName() << ": "
               << archivo.errorString() << "\n";
       return kSalidaArchivo;
     }
+    linea.Borrar();
     ctx.out << "Trazo: "
             << QDir::toNativeSeparators(QFileInfo(archivo.fileName()).absoluteFilePath()) << "\n";
   }
   if (o.Hay(QStringLiteral("pdf"))) {
     LienzoPintor pintor;
-    ReporteConsulta reporte(con, pintor, empresa, conceptos, temporal, Hoy());
-    reporte.ArmarFiltros(op);
-    reporte.GenerarReporte();
-    paginas = reporte.Paginas();
+    dibujar(pintor);
     const QString archivo = RutaNativa(o.Texto(QStringLiteral("pdf")));
     const QString falla = GuardarPdf(pintor, archivo);
+    linea.Borrar();
     if (!falla.isEmpty()) {
       ctx.err << falla << "\n";
       return kSalidaArchivo;
     }
     ctx.out << "PDF: " << QDir::toNativeSeparators(QFileInfo(archivo).absoluteFilePath()) << "\n";
   }
+  ctx.linea = nullptr;
   ctx.out << "Páginas: " << paginas << "\n";
   return kSalidaBien;
 }
@@ -153,6 +164,7 @@ ComandoCli ComandoReporte() {
        false},
       {QStringLiteral("trazo"), Valor::Texto, QStringLiteral("RUTA"),
        QStringLiteral("las llamadas de dibujo, en texto"), false}};
+  c.opciones += OpcionesProgreso();
   c.correr = Reporte;
   return c;
 }

@@ -203,6 +203,8 @@ void ReporteConsulta::SaltoPagina(int tipo) {
   lienzo_.TerminarPagina();
   lienzo_.GuardarPagina(ArchivoPagina(pagina_));
   ++pagina_;
+  if (avance)
+    avance(pagina_);
   lienzo_.IniciarPagina();
   // Both reports get the journal list's headers on the pages that follow.
   if (tipo == 1 || tipo == 2)

@@ -5,6 +5,7 @@
 #include <QDate>
 #include <QList>
 #include <QString>
+#include <functional>
 
 class Conexion;
 class Lienzo;
@@ -57,6 +58,9 @@ public:
   // The filters of the options, then the whole report.
   void ArmarFiltros(const OpcionesConsulta &opciones);
   void GenerarReporte();
+
+  // Told each time a page is full and the next begins, with the page begun.
+  std::function<void(int pagina)> avance;
 
   // The texts the filters came to (for tests and the statement).
   QString ColumnaOrden() const { return columnaOrden_; }

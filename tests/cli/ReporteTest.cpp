@@ -83,6 +83,12 @@ TEST_F(CliReporte, TheTraceIsWhatTheScreensRunDrawsAndThePdfHasItsPages) {
   EXPECT_GT(paginas, 1);
   EXPECT_TRUE(s.out.endsWith(QStringLiteral("Páginas: %1\n").arg(paginas))) << s.out.toStdString();
   EXPECT_EQ(PaginasPdf(pdf), paginas);
+  // Forced, the progress line tells the pages drawn and is erased at the end.
+  const Salida p = Reporte({QStringLiteral("--detallado"), QStringLiteral("--trazo"), trazo,
+                            QStringLiteral("--progreso")});
+  ASSERT_EQ(p.codigo, 0);
+  EXPECT_TRUE(p.err.contains(QStringLiteral("Páginas dibujadas 2"))) << p.err.toStdString();
+  EXPECT_TRUE(p.err.endsWith(QStringLiteral("\r\x1b[K")));
   // The same report drawn here on the recording canvas, as the screen draws it.
   qputenv("ESCRIBANO_RUTA", dir.path().toLocal8Bit());
   IniciarRutas(QStringLiteral("/nada"));
