@@ -123,7 +123,7 @@ bool GrabarRubro(Conexion &con, RubroEnPantalla &r) {
   return true;
 }
 
-bool BorrarRubro(Conexion &con, RubroEnPantalla &r) {
+bool BorrarRubro(Conexion &con, RubroEnPantalla &r, const std::function<void()> &trasSi) {
   const QString e = r.rubroEmp.trimmed();
   if (e.isEmpty())
     return Advertir(5515);
@@ -143,6 +143,8 @@ bool BorrarRubro(Conexion &con, RubroEnPantalla &r) {
     return Advertir(5518);
   if (!Preguntar(5519))
     return false;
+  if (trasSi)
+    trasSi();
   con.Ejecutar(u"DELETE FROM tblCatRubros WHERE COD_RUBRO='"_s + Escapar(e) + u"';"_s);
   if (!HayFila(con, u"SELECT COD_RUBRO FROM tblCatRubros WHERE ACUM_RUBRO='"_s + Escapar(r.padre) +
                         u"'"_s))

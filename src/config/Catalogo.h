@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 #include <optional>
 
 class Conexion;
@@ -38,5 +39,6 @@ std::optional<RubroLeido> LeerRubro(Conexion &con, const QString &codigo);
 bool GrabarRubro(Conexion &con, RubroEnPantalla &r);
 // "BOR": the guards in order (5515, 5528 under "1-01-02", 5516, 5517, 5518), question
 // 5519, the deletion and, for a parent left without children, its flip back to the last
-// level. True when the rubro was deleted.
-bool BorrarRubro(Conexion &con, RubroEnPantalla &r);
+// level. `trasSi` is told once the question is answered Yes (the screen's hourglass). True
+// when the rubro was deleted.
+bool BorrarRubro(Conexion &con, RubroEnPantalla &r, const std::function<void()> &trasSi = {});

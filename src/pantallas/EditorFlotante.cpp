@@ -75,8 +75,10 @@ void EditorFlotante::TeclaCampo(QLineEdit *editor, int tecla) {
   case Qt::Key_Return:
   case Qt::Key_Enter: {
     const QString texto = editor->text();
-    const bool rechazado =
-        Indice(editor) == 1 ? !EsNumerico(texto) : texto.isEmpty() || texto.trimmed().isEmpty();
+    // The text box refuses the empty text and one, two or three blanks.
+    const bool rechazado = Indice(editor) == 1
+                               ? !EsNumerico(texto)
+                               : texto.size() <= 3 && texto.count(QLatin1Char(' ')) == texto.size();
     if (!rechazado) {
       QTableWidgetItem *celda = grilla_->item(grilla_->currentRow(), grilla_->currentColumn());
       if (celda)

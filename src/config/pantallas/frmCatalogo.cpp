@@ -11,8 +11,8 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QRegularExpressionValidator>
 #include <QVBoxLayout>
+#include <optional>
 
 frmCatalogo::frmCatalogo(QWidget *padre) : QDialog(padre), busqueda(&frmBuscar::Buscar) {
   PrepararVentana(this, QStringLiteral("frmCatalogo"), QStringLiteral("CATÁLOGO"));
@@ -20,6 +20,7 @@ frmCatalogo::frmCatalogo(QWidget *padre) : QDialog(padre), busqueda(&frmBuscar::
   tlbCatalogo = new BarraPantalla(
       this, {{QStringLiteral("NVO"), QStringLiteral("F2"), QStringLiteral("Limpiar pantalla"),
               [this] {
+                cmbRubros->setEditable(false);
                 cmbRubros->setCurrentIndex(-1);
                 PrepararRubroNuevo();
                 cmbRubros->setFocus();
@@ -49,9 +50,6 @@ frmCatalogo::frmCatalogo(QWidget *padre) : QDialog(padre), busqueda(&frmBuscar::
   txtDesRubro->setObjectName(QStringLiteral("txtDesRubro"));
   txtNumCuenta = new QLineEdit(this);
   txtNumCuenta->setObjectName(QStringLiteral("txtNumCuenta"));
-  // Digits and "-" only.
-  txtNumCuenta->setValidator(
-      new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[0-9-]*")), txtNumCuenta));
 
   auto *capa = new QGridLayout;
   const std::pair<const char *, QWidget *> filas[] = {
@@ -74,6 +72,7 @@ frmCatalogo::frmCatalogo(QWidget *padre) : QDialog(padre), busqueda(&frmBuscar::
   new RechazoApostrofe(this);
   cmbRubros->installEventFilter(this);
   txtDesRubro->installEventFilter(this);
+  txtNumCuenta->installEventFilter(this);
 
   ServicioConexion servicio;
   servicio.Motor = gMotor;
@@ -114,6 +113,10 @@ void frmCatalogo::Mostrar(const RubroEnPantalla &r) {
 }
 
 void frmCatalogo::PrepararRubroNuevo() {
+  // A choice from the list ends the showing of a rubro outside it.
+  if (cmbRubros->isEditable() && cmbRubros->currentIndex() >= 0 &&
+      cmbRubros->currentText() == cmbRubros->itemText(cmbRubros->currentIndex()))
+    cmbRubros->setEditable(false);
   RubroEnPantalla r = Leer();
   ::PrepararRubroNuevo(*conexion_, r);
   Mostrar(r);
@@ -132,7 +135,11 @@ void frmCatalogo::MostrarRubro(const QString &codigo) {
     Recorrer(codigo);
     // A rubro of the system outside the list of parents still shows, by its code.
     if (cmbRubros->currentText() != codigo) {
+      // Shown in a box that can't be typed into; the list itself stays as it was read.
       cmbRubros->setEditable(true);
+      cmbRubros->setInsertPolicy(QComboBox::NoInsert);
+      cmbRubros->lineEdit()->setReadOnly(true);
+      cmbRubros->lineEdit()->installEventFilter(this);
       cmbRubros->setEditText(codigo);
     }
     lblDesRubroSist->setText(leido->DES_RUBRO);
@@ -159,8 +166,8 @@ void frmCatalogo::BorrarRubro() {
   RubroEnPantalla r = Leer();
   bool borrado = false;
   {
-    RelojArena reloj;
-    borrado = ::BorrarRubro(*conexion_, r);
+    std::optional<RelojArena> reloj;
+    borrado = ::BorrarRubro(*conexion_, r, [&reloj] { reloj.emplace(); });
   }
   if (borrado)
     Mostrar(r);
@@ -179,7 +186,7 @@ bool frmCatalogo::eventFilter(QObject *objeto, QEvent *evento) {
     return QDialog::eventFilter(objeto, evento);
   auto *tecla = static_cast<QKeyEvent *>(evento);
   const bool enter = tecla->key() == Qt::Key_Return || tecla->key() == Qt::Key_Enter;
-  if (objeto == cmbRubros) {
+  if (objeto == cmbRubros || (cmbRubros->isEditable() && objeto == cmbRubros->lineEdit())) {
     if (enter) {
       PrepararRubroNuevo();
       txtDesRubro->setFocus();
@@ -192,5 +199,10 @@ bool frmCatalogo::eventFilter(QObject *objeto, QEvent *evento) {
     txtNumCuenta->setFocus();
     return true;
   }
+  // The account takes digits and "-" as they are typed; every other key that types is
+  // dropped (Backspace and the moving keys type nothing and pass).
+  if (objeto == txtNumCuenta && !tecla->text().isEmpty() && tecla->text()[0].isPrint() &&
+      !(tecla->text()[0].isDigit() || tecla->text()[0] == QLatin1Char('-')))
+    return true;
   return QDialog::eventFilter(objeto, evento);
 }

@@ -180,8 +180,10 @@ void frmDefinirAsientos::Celda(int renglon, int columna, const QString &texto) {
 }
 
 void frmDefinirAsientos::OcultarCombos() {
-  cmbDebe->hide();
-  cmbHaber->hide();
+  // A list put away (by a button, by a scroll) is left as if the focus had gone from it.
+  for (QComboBox *combo : {cmbDebe, cmbHaber})
+    if (combo->isVisible())
+      DejarCombo(combo);
 }
 
 void frmDefinirAsientos::IniciarDefinicion() {
@@ -528,6 +530,8 @@ bool frmDefinirAsientos::eventFilter(QObject *objeto, QEvent *evento) {
       }
     } else if (evento->type() == QEvent::FocusOut && combo->isVisible() &&
                static_cast<QFocusEvent *>(evento)->reason() != Qt::PopupFocusReason &&
+               // A message box or another window over the screen doesn't take the list away.
+               static_cast<QFocusEvent *>(evento)->reason() != Qt::ActiveWindowFocusReason &&
                !combo->isAncestorOf(QApplication::focusWidget())) {
       DejarCombo(combo);
     }

@@ -191,3 +191,34 @@ TEST_P(Catalogo, TypingInTheListIsSwallowedAndTheAccountTakesDigitsAndDashes) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Motores, Catalogo, testing::ValuesIn(MotoresDePrueba()), NombreMotor);
+
+TEST_P(Catalogo, ARubroShownFromOutsideTheListCantBeTypedOverAndTheListStays) {
+  f->busqueda = [](QWidget *, Conexion &, const QString &) { return QStringLiteral("1"); };
+  QTest::keyClick(f->txtDesRubro, Qt::Key_F6);
+  ASSERT_EQ(f->cmbRubros->currentText(), QStringLiteral("1"));
+  f->cmbRubros->setFocus();
+  QTest::keyClicks(f->cmbRubros->lineEdit(), QStringLiteral("99"));
+  EXPECT_EQ(f->cmbRubros->currentText(), QStringLiteral("1"));
+  // Enter prepares a new child of what the list shows: "1" is no parent, so the list is
+  // emptied, and with no descendants under the emptied text the code is "1" and "-01".
+  QTest::keyClick(f->cmbRubros->lineEdit(), Qt::Key_Return);
+  EXPECT_EQ(f->cmbRubros->count(), 4);
+  EXPECT_EQ(f->cmbRubros->currentText(), QString());
+  EXPECT_EQ(f->lblRubroEmp->text(), QStringLiteral("1-01"));
+  EXPECT_TRUE(f->txtDesRubro->hasFocus());
+  // F2 leaves a plain list again, nothing chosen.
+  QTest::keyClick(f->txtDesRubro, Qt::Key_F2);
+  EXPECT_FALSE(f->cmbRubros->isEditable());
+  EXPECT_EQ(f->cmbRubros->currentIndex(), -1);
+}
+
+TEST_P(Catalogo, AnAccountWithOtherCharactersCanStillBeCorrected) {
+  Sql("UPDATE tblCatRubros SET CUENTA_RUBRO='1.101' WHERE COD_RUBRO='1-01-01-01'");
+  f->busqueda = [](QWidget *, Conexion &, const QString &) { return QStringLiteral("1-01-01-01"); };
+  QTest::keyClick(f->txtDesRubro, Qt::Key_F6);
+  f->txtNumCuenta->setFocus();
+  f->txtNumCuenta->end(false);
+  QTest::keyClick(f->txtNumCuenta, Qt::Key_Backspace);
+  QTest::keyClicks(f->txtNumCuenta, QStringLiteral("x2"));
+  EXPECT_EQ(f->txtNumCuenta->text(), QStringLiteral("1.102"));
+}

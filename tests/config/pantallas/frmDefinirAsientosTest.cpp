@@ -197,3 +197,20 @@ TEST_P(Definir, ASavedRowOfAnExcludedDatumIsntShownAndAVanishedRubroLeavesItsAcc
                                       QStringLiteral("2|1100||7|VENTAS DE CONTADO|1-01||1|D")}));
   EXPECT_EQ(Reglas(), QStringList{QStringLiteral("7|1|1||D|D|1|3")});
 }
+
+TEST_P(Definir, AListPutAwayByAButtonIsLeftAsIfTheFocusWent) {
+  Rubro(0, 3, QStringLiteral("1-01"));
+  Rubro(0, 4, QStringLiteral("4-01"));
+  // The debit reopened and its text cleared, then F10 at once.
+  f->flxDisplay->setFocus();
+  f->flxDisplay->setCurrentCell(0, 3);
+  QTest::keyClick(f->flxDisplay, Qt::Key_Return);
+  ASSERT_TRUE(f->cmbDebe->isVisible());
+  f->cmbDebe->lineEdit()->clear();
+  QTest::keyClick(f->cmbDebe->lineEdit(), Qt::Key_F10);
+  EXPECT_FALSE(f->cmbDebe->isVisible());
+  EXPECT_EQ(Celda(0, 3), QString());
+  EXPECT_EQ(Celda(0, 5), QString());
+  EXPECT_EQ(Celda(0, 7), QString());
+  EXPECT_EQ(emp->mensajes.Ids(), std::vector<int>{5503});
+}
