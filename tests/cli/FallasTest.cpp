@@ -1,5 +1,6 @@
 #include "Apoyo.h"
 #include "ApoyoCli.h"
+#include "db/EmpresaDemo.h"
 #include "shell/Encriptacion.h"
 #include "shell/Rutas.h"
 #include "shell/ServicioUtil.h"
@@ -30,8 +31,8 @@ protected:
     return Correr(QStringList{QStringLiteral("generar"), QStringLiteral("--usuario"),
                               QStringLiteral("ADMIN"), QStringLiteral("--clave"),
                               QStringLiteral("x"), QStringLiteral("--del"),
-                              QStringLiteral("2026-10-01"), QStringLiteral("--al"),
-                              QStringLiteral("2026-10-03")} +
+                              demo::MesDemo().toString(Qt::ISODate), QStringLiteral("--al"),
+                              demo::MesDemo().addDays(2).toString(Qt::ISODate)} +
                   extra);
   }
   QString General() const { return dir.filePath(QStringLiteral("Nimbar.mdb")); }

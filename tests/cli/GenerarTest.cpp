@@ -2,6 +2,7 @@
 #include "ApoyoCli.h"
 #include "cli/ComandoGenerar.h"
 #include "cli/Comandos.h"
+#include "db/EmpresaDemo.h"
 #include "shell/Sesion.h"
 
 #include <QFileInfo>
@@ -36,9 +37,9 @@ protected:
                      QStringLiteral("--clave"),
                      clave,
                      QStringLiteral("--del"),
-                     QStringLiteral("2026-10-01"),
+                     demo::MesDemo().toString(Qt::ISODate),
                      QStringLiteral("--al"),
-                     QStringLiteral("2026-10-31"),
+                     demo::MesDemo().addMonths(1).addDays(-1).toString(Qt::ISODate),
                      QStringLiteral("--bitacora"),
                      dir.filePath(QStringLiteral("corrida.txt"))};
     return Correr(a + extra);
