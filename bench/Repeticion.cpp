@@ -11,6 +11,7 @@
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
+#include <cstring>
 #include <memory>
 
 #include <sqlite3.h>
@@ -59,10 +60,18 @@ RastreoFilas::~RastreoFilas() {
 int RastreoFilas::Anotar(unsigned tipo, void *contexto, void *sentencia, void *) {
   auto *r = static_cast<RastreoFilas *>(contexto);
   if (tipo == SQLITE_TRACE_STMT) {
+    // The run's transactions are opened and closed by the driver, not as statements of the
+    // run: the recorder doesn't have them, and the replay doesn't send them.
+    const char *sql = sqlite3_sql(static_cast<sqlite3_stmt *>(sentencia));
+    for (const char *control : {"BEGIN", "COMMIT", "ROLLBACK", "END"})
+      if (sql && std::strncmp(sql, control, std::strlen(control)) == 0)
+        return 0;
     r->enCurso_[sentencia] = r->filas_.size();
     r->filas_.push_back(0);
   } else if (tipo == SQLITE_TRACE_ROW) {
-    ++r->filas_[r->enCurso_.at(sentencia)];
+    const auto lugar = r->enCurso_.find(sentencia);
+    if (lugar != r->enCurso_.end())
+      ++r->filas_[lugar->second];
   }
   return 0;
 }

@@ -262,6 +262,8 @@ ResultadoArchivo GenerarArchivo(Conexion &con, FormatoArchivo &f, const DatosGen
     return escrito;
   };
   RenglonEnCurso enCurso;
+  if (d.memoria)
+    enCurso.respuestas.emplace();
   qint64 polizas = 0;
   QString folio;
   const qsizetype columnaFolio = rs.Fin() ? -1 : rs.Indice(QStringLiteral("FOL_POLIZA"));
@@ -396,20 +398,43 @@ QString FormatearFecha(const FormatoArchivo &f, const QDate &fecha) {
   return texto;
 }
 
-QString ObtenerTipoPoliza(Conexion &con, const FormatoArchivo &f, const QString &tipo) {
-  if (!f.EsPaquete)
-    return tipo;
-  Registros rs = con.Abrir(
-      QStringLiteral("SELECT COD_NUM FROM tblFolios WHERE COD_FOLIO = '%1'").arg(Escapar(tipo)));
-  return rs.Vacio() ? QStringLiteral("?") : rs.Campo(QStringLiteral("COD_NUM")).Texto();
+namespace {
+
+// The first row's value of a one-column lookup, "?" without rows; from the run's memory
+// when the same statement was answered before.
+QString Consultar(Conexion &con, const QString &sql, const QString &campo,
+                  QHash<QString, QString> *respuestas) {
+  if (respuestas) {
+    const auto hallada = respuestas->constFind(sql);
+    if (hallada != respuestas->constEnd())
+      return *hallada;
+  }
+  Registros rs = con.Abrir(sql);
+  const QString valor = rs.Vacio() ? QStringLiteral("?") : rs.Campo(campo).Texto();
+  if (respuestas)
+    respuestas->insert(sql, valor);
+  return valor;
 }
 
-QString ObtenerReferencia(Conexion &con, const QString &folio) {
+} // namespace
+
+QString ObtenerTipoPoliza(Conexion &con, const FormatoArchivo &f, const QString &tipo,
+                          QHash<QString, QString> *respuestas) {
+  if (!f.EsPaquete)
+    return tipo;
+  return Consultar(
+      con,
+      QStringLiteral("SELECT COD_NUM FROM tblFolios WHERE COD_FOLIO = '%1'").arg(Escapar(tipo)),
+      QStringLiteral("COD_NUM"), respuestas);
+}
+
+QString ObtenerReferencia(Conexion &con, const QString &folio,
+                          QHash<QString, QString> *respuestas) {
   // By the folio's number alone: the type and the concept of the entry play no part.
-  Registros rs =
-      con.Abrir(QStringLiteral("SELECT FOLIO_MOV FROM tblMovimxPoliza WHERE FOLIO_POL = ") %
-                NumeroDeFolio(folio));
-  return rs.Vacio() ? QStringLiteral("?") : rs.Campo(QStringLiteral("FOLIO_MOV")).Texto();
+  return Consultar(con,
+                   QStringLiteral("SELECT FOLIO_MOV FROM tblMovimxPoliza WHERE FOLIO_POL = ") %
+                       NumeroDeFolio(folio),
+                   QStringLiteral("FOLIO_MOV"), respuestas);
 }
 
 QString ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, RenglonEnCurso &e) {
@@ -441,8 +466,9 @@ QString ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Reng
         r.texto = CampoListo(f, false, FormatearFecha(f, fecha.Fecha()), f.LongFecha, f.AlFecha);
       });
   const QString textoTipo = tipo.Texto();
-  // The package's number of the type is asked for on every line.
-  const QString tipoPoliza = ObtenerTipoPoliza(con, f, textoTipo);
+  // The package's number of the type is asked for on every line (once per run with memory).
+  QHash<QString, QString> *respuestas = e.respuestas ? &*e.respuestas : nullptr;
+  const QString tipoPoliza = ObtenerTipoPoliza(con, f, textoTipo, respuestas);
   const QString &campoTipo = Recordar(e.tipo, tipoPoliza, {}, [&](RenglonEnCurso::Recordado &r) {
                                r.texto = CampoListo(f, false, tipoPoliza, f.LongTipo, f.AlTipo);
                              }).texto;
@@ -488,8 +514,8 @@ QString ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Reng
                  QStringLiteral("0 ") % QStringLiteral("000 ") % campoConcepto %
                  QStringLiteral("0 ") % QStringLiteral("0 ") % kFinLinea % QStringLiteral("N    ");
     renglon2 = QStringLiteral("M ") % campoCuenta %
-               CampoListo(f, false, ObtenerReferencia(con, textoFolio), 10, 1) % campoImporte %
-               QStringLiteral("000 ") % QStringLiteral("0.00 ") %
+               CampoListo(f, false, ObtenerReferencia(con, textoFolio, respuestas), 10, 1) %
+               campoImporte % QStringLiteral("000 ") % QStringLiteral("0.00 ") %
                QStringView(campoConcepto).left(30);
   } else {
     // Row 1 carries the sums when there is a detail row to carry the amounts.

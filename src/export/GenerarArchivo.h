@@ -3,6 +3,7 @@
 #include "export/FormatoArchivo.h"
 
 #include <QDate>
+#include <QHash>
 #include <QString>
 #include <QVariant>
 #include <functional>
@@ -20,6 +21,10 @@ struct DatosGenerarArchivo {
   QString operacion; // selected code of cmbOperaciones; "" for all operations
   QString concepto;  // selected code of cmbConceptos; "" for all concepts
   QString archivo;   // the name the file dialog gave
+  // Within the run, a lookup already answered (the package's type number, a line's
+  // reference) is answered again from memory: nothing the run reads is written meanwhile.
+  // Off, every line asks the database, as the statements were always sent.
+  bool memoria = true;
 };
 
 // How a run ended.
@@ -63,6 +68,8 @@ struct RenglonEnCurso {
   };
   std::vector<qsizetype> columnas; // empty until the first line
   Recordado folio, fecha, tipo, concepto, suma;
+  // The run's answers to its lookups, by statement text; null when the memory is off.
+  std::optional<QHash<QString, QString>> respuestas;
 };
 
 // The text for the current journal line of the selection: one or more lines of the
@@ -81,9 +88,11 @@ QString FormatearCuenta(const FormatoArchivo &formato, const QString &cuenta);
 QString FormatearFecha(const FormatoArchivo &formato, const QDate &fecha);
 // What stands in the type field: the journal type, or for the package its number
 // ("?" when tblFolios doesn't know the type).
-QString ObtenerTipoPoliza(Conexion &con, const FormatoArchivo &formato, const QString &tipo);
+QString ObtenerTipoPoliza(Conexion &con, const FormatoArchivo &formato, const QString &tipo,
+                          QHash<QString, QString> *respuestas = nullptr);
 // The package's reference of a line: the first document of the folio's number, or "?".
-QString ObtenerReferencia(Conexion &con, const QString &folio);
+QString ObtenerReferencia(Conexion &con, const QString &folio,
+                          QHash<QString, QString> *respuestas = nullptr);
 
 // The source of the concept filter for an operation: the SELECT with its ORDER BY, the
 // code and the description columns. None for an operation without a catalogue.

@@ -120,3 +120,37 @@ TEST_P(MesDemo, TheMonthExportedForThePackageHasRecordsOfTheirLengthsEndedByCrLf
 }
 
 INSTANTIATE_TEST_SUITE_P(Motores, MesDemo, testing::ValuesIn(MotoresDePrueba()), NombreMotor);
+
+TEST_P(MesDemo, TheExportsMemoryChangesNoByteAndSendsEachLookupOnce) {
+  Correr();
+  for (const demo::FormatoDemo tipo :
+       {demo::FormatoDemo::Contpaq, demo::FormatoDemo::DosRenglones}) {
+    con->Ejecutar(QStringLiteral("DELETE FROM tblParametrosForm"));
+    demo::LlenarFormato(*con, tipo);
+    QByteArray archivos[2];
+    QStringList sentencias[2];
+    for (int memoria = 0; memoria < 2; ++memoria) {
+      FormatoArchivo formato;
+      ASSERT_TRUE(CargarFormato(*con, formato));
+      DatosGenerarArchivo datos;
+      datos.fechaIni = opciones.Del;
+      datos.fechaFin = opciones.Al;
+      datos.memoria = memoria == 1;
+      datos.archivo = emp->Ruta() + QStringLiteral("/export_%1.txt").arg(memoria);
+      emp->grabadora.sentencias.clear();
+      Conexion::InstalarGrabadora(&emp->grabadora);
+      ASSERT_TRUE(GenerarArchivo(*con, formato, datos).completo);
+      Conexion::InstalarGrabadora(nullptr);
+      archivos[memoria] = LeerArchivo(datos.archivo);
+      sentencias[memoria] = emp->grabadora.sentencias;
+    }
+    EXPECT_EQ(archivos[1], archivos[0]);
+    // With memory the database sees each statement once, in the order it first came.
+    QStringList unicas = sentencias[0];
+    unicas.removeDuplicates();
+    EXPECT_EQ(sentencias[1], unicas);
+    if (tipo == demo::FormatoDemo::Contpaq) {
+      EXPECT_LT(sentencias[1].size() * 2, sentencias[0].size());
+    }
+  }
+}
