@@ -73,15 +73,22 @@ TEST_P(Paquete, TheSampleGroupByteForByte) {
   EXPECT_EQ(Mensajes(), std::vector<int>{5526});
 }
 
-TEST_P(Paquete, EachLineAsksForTheTypeNumberAndTheReference) {
+TEST_P(Paquete, EachLineAsksForTheTypeNumberAndTheReferenceOnceARunWithMemory) {
   PolizaDeMuestra(*con);
   Documento("A-1", 12);
-  Escribir();
   const QString tipo = QStringLiteral("SELECT COD_NUM FROM tblFolios WHERE COD_FOLIO = 'D'");
   const QString referencia =
       QStringLiteral("SELECT FOLIO_MOV FROM tblMovimxPoliza WHERE FOLIO_POL = 12");
+  // Without the run's memory every line asks, as the statements were always sent.
+  datos.memoria = false;
+  const QByteArray sinMemoria = Escribir();
   ASSERT_EQ(emp->grabadora.sentencias.size(), 5);
   EXPECT_EQ(emp->grabadora.sentencias.mid(1), (QStringList{tipo, referencia, tipo, referencia}));
+  // With it, each is asked once, in the same order; the file is the same.
+  datos.memoria = true;
+  EXPECT_EQ(Escribir(), sinMemoria);
+  ASSERT_EQ(emp->grabadora.sentencias.size(), 3);
+  EXPECT_EQ(emp->grabadora.sentencias.mid(1), (QStringList{tipo, referencia}));
 }
 
 TEST_P(Paquete, FoliosThatDifferOnlyInTheirLastThreeDigitsShowTheSameField) {
