@@ -30,6 +30,8 @@
 
 QString ColorFamilia() { return QStringLiteral("rgb(210, 230, 245)"); }
 
+int Twips(const QWidget *w, int twips) { return twips * w->logicalDpiX() / 1440; }
+
 bool PrepararIdioma() {
   QLocale::setDefault(QLocale(QLocale::Spanish, QLocale::Mexico));
   auto *traductor = new QTranslator(qApp);

@@ -21,6 +21,9 @@ class QWidget;
 // The family's pale blue (red 210, green 230, blue 245), as a style sheet fragment.
 QString ColorFamilia();
 
+// A length the family's forms give in twips (1440 to the inch), in a widget's pixels.
+int Twips(const QWidget *w, int twips);
+
 // Mexican Spanish for every widget, and Qt's own texts (file dialogs, calendars, standard
 // buttons, context menus) in Spanish whatever the machine's language. False when Qt's
 // Spanish translation isn't installed (the texts of Qt stay in English).

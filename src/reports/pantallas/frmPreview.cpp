@@ -24,8 +24,6 @@ namespace {
 
 constexpr int kZooms[] = {30, 50, 70, 80, 90, 100, 130, 150, 200};
 
-int Twips(const QWidget *w, int twips) { return twips * w->logicalDpiX() / 1440; }
-
 // The sheet shown: a letter page at the zoom, its page drawn on white.
 class Hoja : public QWidget {
 public:

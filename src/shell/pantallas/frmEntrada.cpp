@@ -12,7 +12,6 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
-#include <QStyledItemDelegate>
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -22,6 +21,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QStyle>
+#include <QStyledItemDelegate>
 #include <QToolButton>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -30,9 +30,6 @@
 namespace {
 
 const QString kListaEmpresas = SentenciaEmpresas(QStringLiteral("NUM_EMP,NOM_EMP"), QString());
-
-// Positions on the screen are told in twips, 1440 to the inch.
-int Twips(const QWidget *w, int twips) { return twips * w->logicalDpiX() / 1440; }
 
 // The characters that, typed on the company list, start the user code.
 bool IniciaCodigo(int codigo) {
