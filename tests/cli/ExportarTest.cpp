@@ -3,6 +3,7 @@
 #include "cli/Comandos.h"
 #include "db/EmpresaDemo.h"
 #include "export/ApoyoExportacion.h"
+#include "journal/DiarioPrueba.h"
 #include "journal/Polizas.h"
 #include "shell/Rutas.h"
 
@@ -29,22 +30,10 @@ protected:
         "'4-3-3-0','',1)"));
   }
   void Poliza(const char *folio, const char *tipo, int codOper) {
-    ::Poliza p;
-    p.FOL_POLIZA = QLatin1String(folio);
-    p.FEC_POLIZA = QDate(2026, 11, 15);
-    p.FEC_ANTERIOR = p.FEC_POLIZA;
-    p.TIP_POLIZA = QLatin1String(tipo);
-    p.COD_OPER = codOper;
-    p.CONCEP_POL = QStringLiteral("Pago de luz");
-    p.SUM_DEBE = p.SUM_HABER = Dinero::DeEntero(1250);
-    RenglonPoliza cargo, abono;
-    cargo.RUBRO_DEBE = QStringLiteral("1-01");
-    cargo.CUENTA_DEBE = QStringLiteral("110-001-000");
-    cargo.IMP_DEBE = Dinero::DeEntero(1250);
-    abono.RUBRO_HABER = QStringLiteral("2-01");
-    abono.CUENTA_HABER = QStringLiteral("210-001-000");
-    abono.IMP_HABER = Dinero::DeEntero(1250);
-    InsertarPoliza(*con, p, {cargo, abono});
+    diario::InsertarAsiento(*con, {QLatin1String(folio), QLatin1String(tipo), QDate(2026, 11, 15),
+                                   codOper, QStringLiteral("Pago de luz"), QStringLiteral("1-01"),
+                                   QStringLiteral("110-001-000"), QStringLiteral("2-01"),
+                                   QStringLiteral("210-001-000"), Dinero::DeEntero(1250)});
   }
   int Correr(QStringList opciones) {
     salida.clear();

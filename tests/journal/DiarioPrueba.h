@@ -1,5 +1,6 @@
 #pragma once
 
+#include "journal/Polizas.h"
 #include "shell/ServicioConexion.h"
 
 #include <QStringList>
@@ -9,6 +10,33 @@
 // The journal of a company read back for comparison: two runs that should leave the same
 // entries are compared by these, folio numbers aside.
 namespace diario {
+
+// An entry of two lines, a debit and a credit of the same amount, as the run writes it.
+struct Asiento {
+  QString folio, tipo;
+  QDate fecha;
+  int operacion = 0;
+  QString concepto;
+  QString rubroDebe, cuentaDebe, rubroHaber, cuentaHaber;
+  Dinero importe;
+};
+inline void InsertarAsiento(Conexion &con, const Asiento &a) {
+  Poliza p;
+  p.FOL_POLIZA = a.folio;
+  p.TIP_POLIZA = a.tipo;
+  p.FEC_POLIZA = p.FEC_ANTERIOR = a.fecha;
+  p.COD_OPER = a.operacion;
+  p.CONCEP_POL = a.concepto;
+  p.SUM_DEBE = p.SUM_HABER = a.importe;
+  RenglonPoliza cargo, abono;
+  cargo.RUBRO_DEBE = a.rubroDebe;
+  cargo.CUENTA_DEBE = a.cuentaDebe;
+  cargo.IMP_DEBE = a.importe;
+  abono.RUBRO_HABER = a.rubroHaber;
+  abono.CUENTA_HABER = a.cuentaHaber;
+  abono.IMP_HABER = a.importe;
+  InsertarPoliza(con, p, {cargo, abono});
+}
 
 // The rows of a statement, each as its columns joined by "|"; amounts by their exact text.
 inline QStringList Filas(Conexion &con, const QString &sql) {

@@ -28,21 +28,10 @@ protected:
 
   void Poliza(const char *folio, const char *tipo, const QDate &fecha, int oper,
               const char *concepto) {
-    ::Poliza p;
-    p.FOL_POLIZA = QLatin1String(folio);
-    p.TIP_POLIZA = QLatin1String(tipo);
-    p.FEC_POLIZA = p.FEC_ANTERIOR = fecha;
-    p.COD_OPER = oper;
-    p.CONCEP_POL = QLatin1String(concepto);
-    p.SUM_DEBE = p.SUM_HABER = Dinero::DeEntero(100);
-    RenglonPoliza cargo, abono;
-    cargo.RUBRO_DEBE = QStringLiteral("1-01");
-    cargo.CUENTA_DEBE = QStringLiteral("1100-000");
-    cargo.IMP_DEBE = Dinero::DeEntero(100);
-    abono.RUBRO_HABER = QStringLiteral("2-01");
-    abono.CUENTA_HABER = QStringLiteral("2100-000");
-    abono.IMP_HABER = Dinero::DeEntero(100);
-    InsertarPoliza(*con, p, {cargo, abono});
+    diario::InsertarAsiento(*con, {QLatin1String(folio), QLatin1String(tipo), fecha, oper,
+                                   QLatin1String(concepto), QStringLiteral("1-01"),
+                                   QStringLiteral("1100-000"), QStringLiteral("2-01"),
+                                   QStringLiteral("2100-000"), Dinero::DeEntero(100)});
   }
   QStringList Encabezados() {
     return diario::Filas(*con, QStringLiteral("SELECT TIP_POLIZA,FOL_POLIZA FROM tblPolizasEnc "

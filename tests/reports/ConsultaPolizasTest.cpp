@@ -1,5 +1,6 @@
 #include "reports/ConsultaPolizas.h"
 #include "Apoyo.h"
+#include "journal/DiarioPrueba.h"
 #include "journal/Polizas.h"
 #include "reports/Lienzo.h"
 
@@ -38,21 +39,10 @@ protected:
   void Sql(const char *sql) { con->Ejecutar(QString::fromUtf8(sql)); }
   void Poliza(const char *folio, const char *tipo, const QDate &fecha, int oper,
               const char *concepto, const char *debe, const char *haber, const char *importe) {
-    ::Poliza p;
-    p.FOL_POLIZA = QLatin1String(folio);
-    p.TIP_POLIZA = QLatin1String(tipo);
-    p.FEC_POLIZA = p.FEC_ANTERIOR = fecha;
-    p.COD_OPER = oper;
-    p.CONCEP_POL = QLatin1String(concepto);
-    p.SUM_DEBE = p.SUM_HABER = Dinero::DeTexto(QString::fromLatin1(importe));
-    RenglonPoliza cargo, abono;
-    cargo.RUBRO_DEBE = QStringLiteral("x");
-    cargo.CUENTA_DEBE = QLatin1String(debe);
-    cargo.IMP_DEBE = p.SUM_DEBE;
-    abono.RUBRO_HABER = QStringLiteral("y");
-    abono.CUENTA_HABER = QLatin1String(haber);
-    abono.IMP_HABER = p.SUM_DEBE;
-    InsertarPoliza(*con, p, {cargo, abono});
+    diario::InsertarAsiento(*con, {QLatin1String(folio), QLatin1String(tipo), fecha, oper,
+                                   QLatin1String(concepto), QStringLiteral("x"),
+                                   QLatin1String(debe), QStringLiteral("y"), QLatin1String(haber),
+                                   Dinero::DeTexto(QString::fromLatin1(importe))});
   }
   OpcionesConsulta Noviembre() const {
     OpcionesConsulta op;
