@@ -73,11 +73,15 @@ bool ValorValido(Valor valor, const QString &texto) {
   }
 }
 
+// "--nombre MUESTRA", or "--nombre" for a switch.
+QString UsoDeOpcion(const OpcionCli &o) {
+  return o.valor == Valor::Ninguno ? Guiones(o.nombre)
+                                   : Guiones(o.nombre) + QLatin1Char(' ') + o.muestra;
+}
+
+// The option in the synopsis: in brackets when it may be left out.
 QString LineaDeOpcion(const OpcionCli &o) {
-  QString uso = Guiones(o.nombre);
-  if (o.valor != Valor::Ninguno)
-    uso += QLatin1Char(' ') + o.muestra;
-  return o.requerida ? uso : QLatin1Char('[') + uso + QLatin1Char(']');
+  return o.requerida ? UsoDeOpcion(o) : QLatin1Char('[') + UsoDeOpcion(o) + QLatin1Char(']');
 }
 
 } // namespace
@@ -103,10 +107,7 @@ QString ComandoCli::Ayuda() const {
   if (!opciones.isEmpty())
     texto += QStringLiteral("\nOpciones:\n");
   for (const OpcionCli &o : opciones) {
-    QString uso = Guiones(o.nombre);
-    if (o.valor != Valor::Ninguno)
-      uso += QLatin1Char(' ') + o.muestra;
-    texto += QStringLiteral("  ") + uso.leftJustified(21) + QLatin1Char(' ') + o.ayuda +
+    texto += QStringLiteral("  ") + UsoDeOpcion(o).leftJustified(21) + QLatin1Char(' ') + o.ayuda +
              QLatin1Char('\n');
   }
   return texto;
