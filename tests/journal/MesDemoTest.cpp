@@ -9,6 +9,7 @@
 #include "shell/Rutas.h"
 #include "shell/Sesion.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <map>
 
@@ -144,7 +145,16 @@ TEST_P(MesDemo, TheExportsMemoryChangesNoByteAndSendsEachLookupOnce) {
       archivos[memoria] = LeerArchivo(datos.archivo);
       sentencias[memoria] = emp->grabadora.sentencias;
     }
-    EXPECT_EQ(archivos[1], archivos[0]);
+    // The selection orders by type, operation and folio; a server may hand the lines of
+    // one folio in any order, run to run. The same lines must come either way, and where
+    // the engine keeps the order (SQLite) the same bytes.
+    QList<QByteArray> lineas[2] = {archivos[0].split('\n'), archivos[1].split('\n')};
+    std::sort(lineas[0].begin(), lineas[0].end());
+    std::sort(lineas[1].begin(), lineas[1].end());
+    EXPECT_EQ(lineas[1], lineas[0]);
+    if (GetParam() == "sqlite") {
+      EXPECT_EQ(archivos[1], archivos[0]);
+    }
     // With memory the database sees each statement once, in the order it first came.
     QStringList unicas = sentencias[0];
     unicas.removeDuplicates();
