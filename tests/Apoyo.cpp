@@ -39,6 +39,13 @@ std::vector<std::string> MotoresDePrueba() {
 
 std::string NombreMotor(const testing::TestParamInfo<std::string> &info) { return info.param; }
 
+QStringList L(std::initializer_list<const char *> lineas) {
+  QStringList l;
+  for (const char *linea : lineas)
+    l << QString::fromUtf8(linea);
+  return l;
+}
+
 EmpresaPrueba::EmpresaPrueba(const std::string &motor) {
   if (!dir_.isValid())
     throw std::runtime_error("no temporary folder");

@@ -3,8 +3,10 @@
 #include "shell/CatalogoMensajes.h"
 #include "shell/ServicioConexion.h"
 
+#include <QStringList>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <initializer_list>
 #include <memory>
 #include <string>
 #include <vector>
@@ -48,6 +50,8 @@ private:
 // Writes a file (bytes as given) under a folder.
 void EscribirArchivo(const QString &ruta, const QByteArray &bytes);
 QByteArray LeerArchivo(const QString &ruta);
+// Expected lines or rows, written as UTF-8 literals.
+QStringList L(std::initializer_list<const char *> lineas);
 
 // Readable QString in test failures.
 inline void PrintTo(const QString &texto, std::ostream *os) { *os << texto.toStdString(); }

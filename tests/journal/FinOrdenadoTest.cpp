@@ -9,13 +9,6 @@ struct Salida {
   int codigo;
 };
 
-QStringList L(std::initializer_list<const char *> filas) {
-  QStringList l;
-  for (const char *f : filas)
-    l << QString::fromUtf8(f);
-  return l;
-}
-
 // A fatal error in the middle of a run, as the windowed program meets it: the screen's run
 // (its connection with the entry in work) outlives the handler that failed.
 TEST_P(Generacion, AFatalEndUndoesTheEntryInWorkAndLeavesTheLogAtTheLastEntryWritten) {

@@ -20,13 +20,6 @@ const char *kBit = "SELECT MODULO,COD_OPER,COD_CONCEP,FEC_MOVIM,FOL_POLIZA,TIP_P
 const char *kContab = "SELECT FOL_MOV,CONTAB FROM tblGastosEnc ORDER BY FOL_MOV";
 const char *kFolioE = "SELECT FOL_FOLIOS FROM tblFolios WHERE COD_FOLIO='E'";
 
-QStringList L(std::initializer_list<const char *> filas) {
-  QStringList r;
-  for (const char *f : filas)
-    r << QString::fromUtf8(f);
-  return r;
-}
-
 } // namespace
 
 // ------------------------------------------------------------------ by document

@@ -70,13 +70,6 @@ protected:
   QString filtro;
 };
 
-QStringList L(std::initializer_list<const char *> lineas) {
-  QStringList l;
-  for (const char *linea : lineas)
-    l << QString::fromUtf8(linea);
-  return l;
-}
-
 const QStringList kEncabezado = L({
     "1\ttexto\t0\t0\t8\t0\t0\tazul\t0\tEmpresa   :La Fonda",
     "1\ttexto\t0\t240\t8\t0\t0\tazul\t0\tDirección :Hidalgo 12",

@@ -146,13 +146,6 @@ protected:
   int dialogos = 0;
 };
 
-QStringList L(std::initializer_list<const char *> filas) {
-  QStringList r;
-  for (const char *f : filas)
-    r << QString::fromUtf8(f);
-  return r;
-}
-
 } // namespace
 
 // ------------------------------------------------------------------ load
