@@ -16,7 +16,8 @@ namespace {
 QString DsnMariaDb() { return qEnvironmentVariable("ESCRIBANO_PRUEBA_DSN"); }
 
 // The MariaDB test database gets its tables from the first fixture of a run (the test
-// script starts a fresh server); later fixtures only empty them.
+// script starts a fresh server); later fixtures only empty them, and make again a table
+// that a test dropped.
 void PrepararMariaDb(Conexion &con) {
   const auto &tablas = esquema::TablasEmpresa();
   if (!con.IntentarAbrir(QStringLiteral("SELECT COUNT(*) FROM tblPolizasEnc"))) {
@@ -24,7 +25,8 @@ void PrepararMariaDb(Conexion &con) {
     return;
   }
   for (const esquema::Tabla &t : tablas)
-    con.Ejecutar(QStringLiteral("DELETE FROM %1").arg(QLatin1String(t.nombre)));
+    if (!con.IntentarEjecutar(QStringLiteral("DELETE FROM %1").arg(QLatin1String(t.nombre))))
+      constructor::CrearTablas(con, {t});
   con.IntentarEjecutar(QStringLiteral("ALTER TABLE tblRubrosxOperacion AUTO_INCREMENT = 1"));
 }
 

@@ -31,7 +31,7 @@ QString Marcado(const QString &texto) {
   if (!gMarcar || texto.size() <= 4 ||
       std::none_of(texto.begin(), texto.end(), [](QChar c) { return c.isLetter(); }))
     return texto;
-  return texto.left(1) + QLatin1Char('\'') + texto.mid(2);
+  return texto.left(1) + QStringLiteral("'") + texto.mid(2);
 }
 
 QString Txt(const QString &texto) {

@@ -349,7 +349,9 @@ void MostrarInformacion(const QString &texto) {
 
 void GrabarFormato(Conexion &con, const ControlesFormato &c) {
   const auto numero = [](int n) { return QString::number(n); };
-  const auto texto = [](const QString &t) { return QLatin1Char('\'') + t + QLatin1Char('\''); };
+  const auto texto = [](const QString &t) {
+    return QLatin1Char('\'') + Escapar(t) + QLatin1Char('\'');
+  };
   const bool fija = c.chkLongFija == 1;
   // Widths and alignments in the order of the boxes: folio, date, type, concept, account,
   // debit, credit.

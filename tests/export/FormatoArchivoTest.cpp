@@ -644,18 +644,42 @@ TEST_P(Formato, SeparateColumnsWithOtherCharactersSavesStyleZeroAndKeepsTheChara
             QStringLiteral("b"));
 }
 
-TEST_P(Formato, AnApostropheMakesTheSaveFailWithTheFormatsMessage) {
+TEST_P(Formato, AnApostropheAsSeparatorOrMarkIsSavedAndReadBackAsTyped) {
   ControlesFormato c = PantallaUnRenglon();
   c.optSepararDatos = 4;
   c.txtOtroSep = QStringLiteral("'");
+  c.optIncluirCar = 3;
+  c.txtOtroCar = {QStringLiteral("'"), QStringLiteral("x")};
   Grabar(c);
+  ASSERT_EQ(emp->mensajes.mostrados.size(), 1u);
+  EXPECT_EQ(emp->mensajes.mostrados[0].texto, QStringLiteral("Formato grabado con éxito"));
+  ASSERT_EQ(emp->grabadora.sentencias.size(), 2);
+  EXPECT_TRUE(emp->grabadora.sentencias[1].contains(QStringLiteral(",4,'''','x',1,")))
+      << emp->grabadora.sentencias[1].toStdString();
+  EXPECT_TRUE(emp->grabadora.sentencias[1].contains(QStringLiteral("'AAAAMMDD',0,'''',0,")))
+      << emp->grabadora.sentencias[1].toStdString();
+  EXPECT_EQ(emp->Valor(QStringLiteral("SELECT SEP_DAT FROM tblParametrosForm")),
+            QStringLiteral("'"));
+  ControlesFormato leidos;
+  LeerFormato(*con, leidos);
+  EXPECT_EQ(leidos.optSepararDatos, 4);
+  EXPECT_EQ(leidos.txtOtroSep, QStringLiteral("'"));
+  EXPECT_EQ(leidos.txtOtroCar[0], QStringLiteral("'"));
+  FormatoArchivo f;
+  ASSERT_TRUE(CargarFormato(*con, f));
+  EXPECT_EQ(f.Separador, QStringLiteral("'"));
+  EXPECT_EQ(f.MarcaDebe, QStringLiteral("'"));
+}
+
+TEST_P(Formato, AFailedSaveShowsTheErrorNumberAndTheDatabasesDescription) {
+  con->Ejecutar(QStringLiteral("DROP TABLE tblParametrosForm"));
+  Grabar(PantallaUnRenglon());
   ASSERT_EQ(emp->mensajes.mostrados.size(), 1u);
   const Mensaje &m = emp->mensajes.mostrados[0];
   const QString prefijo = QStringLiteral("Ocurrió un error al grabar el formato: -2147217900 ");
   EXPECT_TRUE(m.texto.startsWith(prefijo)) << m.texto.toStdString();
   EXPECT_FALSE(m.texto.mid(prefijo.size()).trimmed().isEmpty()); // the database's description
   EXPECT_EQ(m.titulo, QStringLiteral("Información"));
-  EXPECT_EQ(emp->Contar(QStringLiteral("tblParametrosForm")), 0);
 }
 
 TEST_P(Formato, TheAmountOfRowOneIsFoundUnderEitherLabel) {

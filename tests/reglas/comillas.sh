@@ -12,6 +12,10 @@ while IFS= read -r -d '' archivo; do
   malos=$(grep -oP "'\"(_s)? ?[%+] ?(?!Escapar\()[^ ]{1,40}" <<<"$texto")
   # Patterns filled by arg(): the arguments of a pattern with '%N' escape their texts.
   patrones=$(grep -oP "'%[0-9]'(?:(?!\.arg\().){0,400}?\.arg\([^;]*" <<<"$texto" | grep -v 'Escapar(')
+  # An apostrophe character joined to a value: QLatin1Char('\'') + valor. Dates and times,
+  # which are digits, go as they are.
+  unidos=$(grep -oP "QLatin1Char\('\\\\''\) ?\+ ?(?!Escapar\(|fecha\.|momento\.|hora )[^ ]{1,40}" <<<"$texto")
+  malos=$(printf '%s\n%s' "$malos" "$unidos" | sed '/^$/d')
   if [ -n "$malos" ]; then
     echo "$archivo: valor entre apóstrofos sin Escapar:"
     sed 's/^/    /' <<<"$malos"
