@@ -1,6 +1,7 @@
 #include "config/pantallas/frmCatalogo.h"
 #include "config/pantallas/frmDefinirAsientos.h"
 #include "config/pantallas/frmDiarios.h"
+#include "export/pantallas/frmFormato1.h"
 #include "export/pantallas/frmGenerarArchivo.h"
 #include "journal/pantallas/frmEliminarPolizas.h"
 #include "journal/pantallas/frmGenerarPolizas.h"
@@ -39,6 +40,8 @@ void RegistrarPantallas(mdiMnuPri &principal) {
                       [](QWidget *padre) { return std::make_unique<frmGenerarArchivo>(padre); });
   principal.Registrar(QStringLiteral("mnuDefAsientos"),
                       [](QWidget *padre) { return std::make_unique<frmDefinirAsientos>(padre); });
+  principal.Registrar(QStringLiteral("mnuDefFormato"),
+                      [](QWidget *padre) { return std::make_unique<frmFormato1>(padre); });
   principal.Registrar(QStringLiteral("mnuCatalogo"),
                       [](QWidget *padre) { return std::make_unique<frmCatalogo>(padre); });
   principal.Registrar(QStringLiteral("mnuDiarios"),

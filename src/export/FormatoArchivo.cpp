@@ -332,6 +332,10 @@ void LeerFormato(Conexion &con, ControlesFormato &c) {
     c.chkIncluirCeros = 1;
 }
 
+QString CaptionFecha(int indice) {
+  return indice >= 0 && indice < 4 ? QString::fromUtf8(kFormatosFecha[indice].caption) : QString();
+}
+
 int PosicionCampo(const ControlesFormato &c, int renglon, const QString &etiqueta) {
   const QStringList &elegidos = c.lstDos[renglon == 1 ? 0 : 1];
   for (qsizetype i = 0; i < elegidos.size(); ++i) {
@@ -428,9 +432,7 @@ void GrabarFormato(Conexion &con, const ControlesFormato &c) {
                    : c.txtFormato[0] + QLatin1Char('-') + c.txtFormato[1] + QLatin1Char('-') +
                          c.txtFormato[2] + QLatin1Char('-') + c.txtFormato[3])},
         {"CHAR_SEP", texto(c.optFormatoCuenta == 2 ? c.txtIncluirOtroSep : QString())},
-        {"F_FECHA", texto(c.optFormatoFecha >= 0 && c.optFormatoFecha < 4
-                              ? QString::fromUtf8(kFormatosFecha[c.optFormatoFecha].caption)
-                              : QString())},
+        {"F_FECHA", texto(CaptionFecha(c.optFormatoFecha))},
         {"LON_FIJA", numero(c.chkLongFija)},
         {"SEP_DAT", texto(sepDat)},
         {"SEP_COM", numero(c.optSepararDatos == 1 ? -1 : 0)},

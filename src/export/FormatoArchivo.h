@@ -25,6 +25,10 @@ constexpr int kSuma = 6; // label only: the amount of the head row of a two-row 
 // The lists of the screen hold these texts, and the positions are found by them.
 QString EtiquetaCampo(int campo);
 
+// The caption of the date option of that index, which F_FECHA stores: "DD/MM/AAAA",
+// "AAAA/MM/DD", "AAAAMMDD", "DDMMAAAA"; the empty text for no option.
+QString CaptionFecha(int indice);
+
 // The working form of the single row of tblParametrosForm, kept by the export screen
 // for as long as it stays open.
 struct FormatoArchivo {

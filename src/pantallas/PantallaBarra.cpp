@@ -13,17 +13,20 @@ namespace {
 
 struct TeclaBoton {
   const char *clave;
-  Qt::Key tecla;
+  QKeyCombination tecla;
   QStyle::StandardPixmap imagen;
 };
 
-constexpr std::array<TeclaBoton, 6> kTeclas = {{
+constexpr std::array<TeclaBoton, 8> kTeclas = {{
     {"NVO", Qt::Key_F2, QStyle::SP_FileIcon},
     {"BUS", Qt::Key_F6, QStyle::SP_FileDialogContentsView},
     {"GRB", Qt::Key_F10, QStyle::SP_DialogSaveButton},
     {"BOR", Qt::Key_F3, QStyle::SP_TrashIcon},
     {"AYU", Qt::Key_F1, QStyle::SP_DialogHelpButton},
     {"SAL", Qt::Key_Escape, QStyle::SP_DialogCloseButton},
+    // The steps of a wizard, back and on, as a browser goes through its pages.
+    {"FLI", Qt::AltModifier | Qt::Key_Left, QStyle::SP_ArrowBack},
+    {"FLD", Qt::AltModifier | Qt::Key_Right, QStyle::SP_ArrowForward},
 }};
 
 const TeclaBoton *Buscar(const QString &clave) {
@@ -63,8 +66,12 @@ BarraPantalla::BarraPantalla(QWidget *ventana, const std::vector<BotonBarra> &bo
     });
   }
   new VistaPreviaTeclas(ventana, [this](QWidget *, QKeyEvent *tecla) {
+    // The arrows of the keypad are the same arrows.
+    const int pulsada =
+        QKeyCombination(tecla->modifiers() & ~Qt::KeypadModifier, Qt::Key(tecla->key()))
+            .toCombined();
     for (QAction *a : actions()) {
-      if (tecla->key() == TeclaDe(a->objectName()) && tecla->modifiers() == Qt::NoModifier)
+      if (pulsada == TeclaDe(a->objectName()))
         return Pulsar(a->objectName());
     }
     return false;
@@ -89,5 +96,5 @@ bool BarraPantalla::Pulsar(const QString &clave) {
 
 int BarraPantalla::TeclaDe(const QString &clave) {
   const TeclaBoton *t = Buscar(clave);
-  return t ? t->tecla : 0;
+  return t ? t->tecla.toCombined() : 0;
 }

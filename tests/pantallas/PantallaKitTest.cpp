@@ -241,7 +241,11 @@ TEST(BarraPantalla, TheButtonsCarryTheirCaptionsTipsAndPictures) {
   EXPECT_EQ(p.barra->Accion(QStringLiteral("XYZ")), nullptr);
   EXPECT_EQ(BarraPantalla::TeclaDe(QStringLiteral("GRB")), Qt::Key_F10);
   EXPECT_EQ(BarraPantalla::TeclaDe(QStringLiteral("SAL")), Qt::Key_Escape);
-  EXPECT_EQ(BarraPantalla::TeclaDe(QStringLiteral("FLI")), 0);
+  EXPECT_EQ(BarraPantalla::TeclaDe(QStringLiteral("FLI")),
+            (Qt::AltModifier | Qt::Key_Left).toCombined());
+  EXPECT_EQ(BarraPantalla::TeclaDe(QStringLiteral("FLD")),
+            (Qt::AltModifier | Qt::Key_Right).toCombined());
+  EXPECT_EQ(BarraPantalla::TeclaDe(QStringLiteral("XYZ")), 0);
 }
 
 TEST(BarraPantalla, FOneOpensTheManualWhenTheScreenGivesNoHelpOfItsOwn) {
