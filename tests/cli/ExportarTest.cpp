@@ -3,6 +3,7 @@
 #include "cli/Comandos.h"
 #include "db/EmpresaDemo.h"
 #include "export/ApoyoExportacion.h"
+#include "export/FormatoArchivo.h"
 #include "journal/DiarioPrueba.h"
 #include "journal/Polizas.h"
 #include "shell/Rutas.h"
@@ -155,6 +156,31 @@ TEST_P(Exportar, BadDatesAndMissingOptionsExitOneWithTheUsage) {
   EXPECT_TRUE(emp->grabadora.sentencias.isEmpty());
   EXPECT_TRUE(emp->mensajes.mostrados.empty());
   EXPECT_FALSE(QFileInfo::exists(RutaNativa(archivo)));
+}
+
+TEST_P(Exportar, AFormatSavedAsTheScreenSavesItIsTheOneTheNextRunWrites) {
+  Poliza("00000000012", "D", 22);
+  // Two rows: folio and sum at the head, account and amount in each line; ";" between.
+  ControlesFormato c;
+  c.chkDosRenglones = 1;
+  c.lstDos[0] = {QStringLiteral("Folio"), QStringLiteral("Suma Debe/Haber")};
+  c.lstDos[1] = {QStringLiteral("Cuenta"), QStringLiteral("Importe Debe/Haber")};
+  c.chkImportesColSep = 1;
+  c.optFormatoCuenta = 0;
+  c.optFormatoFecha = 0;
+  c.optSepararDatos = 4;
+  c.txtOtroSep = QStringLiteral(";");
+  GrabarFormato(*con, c);
+  ASSERT_EQ(Correr(Opciones()), cli::kSalidaBien) << salida.toStdString();
+  EXPECT_EQ(exportacion::RenglonesEnOrden(LeerArchivo(archivo), 1),
+            QByteArray("00000000012;1,250.00;1,250.00\r\n"
+                       "110-001-000;1,250.00;0.00\r\n"
+                       "210-001-000;0.00;1,250.00\r\n"));
+  // Saved again as the package's layout, the next run writes that one.
+  c.optContpaq = true;
+  GrabarFormato(*con, c);
+  ASSERT_EQ(Correr(Opciones()), cli::kSalidaBien) << salida.toStdString();
+  EXPECT_TRUE(LeerArchivo(archivo).startsWith("P 20261115")) << LeerArchivo(archivo).toStdString();
 }
 
 INSTANTIATE_TEST_SUITE_P(Motores, Exportar, testing::ValuesIn(MotoresDePrueba()), NombreMotor);
