@@ -1,6 +1,7 @@
 #include "cli/Comandos.h"
 
 #include "cli/ComandoEliminar.h"
+#include "cli/ComandoEmpresa.h"
 #include "cli/ComandoExportar.h"
 #include "cli/ComandoGenerar.h"
 #include "cli/ComandoPoliza.h"
@@ -155,9 +156,9 @@ const char *const kSalidas =
 } // namespace
 
 const QList<ComandoCli> &TodosLosComandos() {
-  static const QList<ComandoCli> comandos = {ComandoDemo(),   ComandoResumen(),  ComandoGenerar(),
-                                             ComandoPoliza(), ComandoExportar(), ComandoEliminar(),
-                                             ComandoReporte()};
+  static const QList<ComandoCli> comandos = {
+      ComandoDemo(),   ComandoEmpresas(), ComandoEmpresaNueva(), ComandoResumen(), ComandoGenerar(),
+      ComandoPoliza(), ComandoExportar(), ComandoEliminar(),     ComandoReporte()};
   return comandos;
 }
 
@@ -168,7 +169,7 @@ QString AyudaGeneral() {
                                  "\n"
                                  "Comandos:\n");
   for (const ComandoCli &c : TodosLosComandos())
-    texto += QStringLiteral("  ") + c.nombre.leftJustified(10) + c.resumen + QLatin1Char('\n');
+    texto += QStringLiteral("  ") + c.nombre.leftJustified(14) + c.resumen + QLatin1Char('\n');
   texto += QStringLiteral(
       "\n"
       "CARPETA es la carpeta del programa (Nimbar.mdb, Nimbar.ini); si no se da, la de\n"
@@ -211,11 +212,18 @@ int Ejecutar(const QStringList &args, const QString &rutaEjecutable, QTextStream
     err << "Falta el comando.\n\n" << AyudaGeneral();
     return kSalidaUso;
   }
-  const QString nombre = args[inicio];
-  const QStringList resto = args.mid(inicio + 1);
+  QString nombre = args[inicio];
+  QStringList resto = args.mid(inicio + 1);
   const auto &comandos = TodosLosComandos();
-  const auto comando = std::find_if(comandos.begin(), comandos.end(),
-                                    [&](const ComandoCli &c) { return c.nombre == nombre; });
+  // A command of two words ("empresa nueva") takes the next argument as its second.
+  const QString dos = resto.isEmpty() ? QString() : nombre + QLatin1Char(' ') + resto.first();
+  const auto comando = std::find_if(comandos.begin(), comandos.end(), [&](const ComandoCli &c) {
+    return c.nombre == nombre || (!dos.isEmpty() && c.nombre == dos);
+  });
+  if (comando != comandos.end() && comando->nombre == dos) {
+    nombre = dos;
+    resto.removeFirst();
+  }
   if (comando == comandos.end()) {
     err << "El comando «" << nombre << "» no existe.\n\n" << AyudaGeneral();
     return kSalidaUso;

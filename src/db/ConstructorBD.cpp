@@ -37,6 +37,35 @@ void CrearTablas(Conexion &con, const std::vector<esquema::Tabla> &tablas) {
     con.Ejecutar(sql);
 }
 
+bool RevisarEstructura(Conexion &con, const std::vector<esquema::Tabla> &tablas, QString *error) {
+  const Dialecto &d = con.Dialecto();
+  for (const esquema::Tabla &t : tablas) {
+    const QString nombre = d.Nombre(t.nombre);
+    std::unique_ptr<Registros> rs =
+        con.IntentarAbrir(QStringLiteral("SELECT * FROM %1 WHERE 1=0").arg(nombre));
+    if (!rs) {
+      for (const QString &sql : SentenciasDDL({t}, con.Motor()))
+        if (!con.IntentarEjecutar(sql, nullptr, error))
+          return false;
+      continue;
+    }
+    QStringList presentes;
+    for (const QString &c : rs->Campos())
+      presentes << c.toUpper();
+    rs.reset();
+    for (const esquema::Columna &c : t.columnas) {
+      if (presentes.contains(QString::fromUtf8(c.nombre).toUpper()))
+        continue;
+      if (!con.IntentarEjecutar(
+              QStringLiteral("ALTER TABLE %1 ADD %2 %3")
+                  .arg(nombre, d.Nombre(c.nombre), d.TipoColumna(c.tipo, c.largo)),
+              nullptr, error))
+        return false;
+    }
+  }
+  return true;
+}
+
 void BorrarTablas(Conexion &con, const std::vector<esquema::Tabla> &tablas) {
   for (const esquema::Tabla &t : tablas)
     con.IntentarEjecutar(

@@ -17,6 +17,10 @@ QString CrearTabla(const esquema::Tabla &tabla, int motor);
 
 // Creates the tables on an open connection, one statement at a time.
 void CrearTablas(Conexion &con, const std::vector<esquema::Tabla> &tablas);
+// The structure check: creates the tables that are missing, with their indexes, and adds
+// the columns that an existing table lacks. Nothing is dropped or changed. False, with
+// the failure in *error, when a statement fails; what was done stays.
+bool RevisarEstructura(Conexion &con, const std::vector<esquema::Tabla> &tablas, QString *error);
 // Drops the tables that exist (used to rebuild a test database on a server).
 void BorrarTablas(Conexion &con, const std::vector<esquema::Tabla> &tablas);
 
