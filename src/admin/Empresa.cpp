@@ -4,6 +4,7 @@
 #include "admin/Semillas.h"
 #include "db/ConstructorBD.h"
 #include "db/Esquema.h"
+#include "shell/CargaEmpresa.h"
 #include "shell/CatalogoMensajes.h"
 #include "shell/Encriptacion.h"
 #include "shell/ErrorFatal.h"
@@ -551,6 +552,94 @@ int GuardarEmpresa(const DatosEmpresa &entrada, int numEmp, const Avance &avance
                        "Regímenes Fiscales."));
   decir({});
   return numEmp;
+}
+
+std::vector<FilaEmpresa> ListaEmpresas() {
+  ServicioConexion servicio;
+  ConexionPtr general = servicio.AbrirConexionGeneral(gConexionGeneral);
+  std::vector<FilaEmpresa> filas;
+  for (Registros rs = general->Abrir(
+           QStringLiteral("SELECT NUM_EMP,NOM_EMP,NOM_COM FROM tblEmpresas WHERE CONEXION<>'' AND "
+                          "MOTORDEDATOS<>2 ORDER BY NUM_EMP;"));
+       !rs.Fin(); rs.Siguiente())
+    filas.push_back({static_cast<int>(rs.Campo(QStringLiteral("NUM_EMP")).Entero()),
+                     Texto(rs, "NOM_EMP"), Texto(rs, "NOM_COM")});
+  return filas;
+}
+
+bool CambiarEmpresa(int numEmp) {
+  const QString usuario = QStringLiteral("UPDATE tblUsuarios SET ESTATUS=%2 WHERE COD_USU=%1;");
+  ServicioConexion servicio;
+  // The user leaves the company he is in, whatever comes next.
+  if (!gConexion.isEmpty()) {
+    servicio.Motor = gMotor;
+    ConexionPtr actual = servicio.AbrirConexion(gConexion);
+    actual->Ejecutar(usuario.arg(Q(gCodUsu), QStringLiteral("0")));
+  }
+  QString conexion;
+  int motorDatos = 0;
+  {
+    ConexionPtr general = servicio.AbrirConexionGeneral(gConexionGeneral);
+    Registros rs = general->Abrir(
+        QStringLiteral("SELECT CONEXION,MOTORDEDATOS,CONX_DP FROM tblEmpresas WHERE NUM_EMP=%1;")
+            .arg(numEmp));
+    if (rs.Vacio())
+      return false;
+    conexion = Texto(rs, "CONEXION");
+    motorDatos = static_cast<int>(rs.Campo(QStringLiteral("MOTORDEDATOS")).Numero());
+  }
+  if (!conexion.isEmpty() && motorDatos == motor::kSqlServer)
+    conexion = DesencriptarConexion(conexion);
+  ConexionPtr con;
+  try {
+    servicio.Motor = motorDatos;
+    con = servicio.AbrirConexion(conexion);
+  } catch (const ErrorFatal &e) {
+    CatalogoMensajes::Mostrar(369, OcultarClaves(e.Mensaje()), IconoMensaje::Critico);
+    return false;
+  }
+  if (con->Abrir(
+             QStringLiteral("SELECT COD_USU FROM tblUsuarios WHERE COD_USU=%1;").arg(Q(gCodUsu)))
+          .Vacio()) {
+    CatalogoMensajes::Mostrar(403, {}, IconoMensaje::Advertencia);
+    return false;
+  }
+  con->Ejecutar(usuario.arg(Q(gCodUsu), QStringLiteral("0")));
+  // The family's menus of the business type say who may open companies.
+  const int modulo = gModulo == 12 || gModulo == 13 ? (gEdicion == 1 ? 10 : 11) : gModulo;
+  const menus::Acceso acceso =
+      menus::RevisarDerechos(*con, modulo, gCodUsu, QStringLiteral("mnuFileOpe"));
+  if (!acceso.concedido) {
+    CatalogoMensajes::MostrarTexto(
+        QStringLiteral("El usuario %1 no tiene permiso para abrir empresas en la empresa elegida.")
+            .arg(gCodUsu),
+        IconoMensaje::Advertencia);
+    return false;
+  }
+  gCodUsu = acceso.usuario;
+  {
+    ConexionPtr general = servicio.AbrirConexionGeneral(gConexionGeneral);
+    CargarEmpresa(*general, *con, numEmp);
+  }
+  gNumEmp = numEmp;
+  ServicioUtil::EscribirIni(QStringLiteral("VARIOS"), QStringLiteral("EMPRESA"),
+                            QString::number(gNumEmp), RutaNimbarIni());
+  con->Ejecutar(usuario.arg(Q(gCodUsu), QStringLiteral("2")));
+  return true;
+}
+
+bool EliminarEmpresa(int numEmp) {
+  if (numEmp == gNumEmp) {
+    CatalogoMensajes::Mostrar(365, {}, IconoMensaje::Advertencia);
+    return false;
+  }
+  if (CatalogoMensajes::Mostrar(357, {}, IconoMensaje::Pregunta, BotonesMensaje::SiNo) !=
+      RespuestaMensaje::Si)
+    return false;
+  ServicioConexion servicio;
+  ConexionPtr general = servicio.AbrirConexionGeneral(gConexionGeneral);
+  general->Ejecutar(QStringLiteral("DELETE FROM tblEmpresas WHERE NUM_EMP=%1;").arg(numEmp));
+  return true;
 }
 
 } // namespace empresa

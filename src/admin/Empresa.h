@@ -6,6 +6,7 @@
 #include <QStringList>
 #include <array>
 #include <functional>
+#include <vector>
 
 class Conexion;
 
@@ -83,5 +84,24 @@ using Avance = std::function<void(const QString &estatus, const QString &opciona
 // refused with its message. nueva tells whether the database was created now.
 int GuardarEmpresa(const DatosEmpresa &datos, int numEmp, const Avance &avance,
                    bool *nueva = nullptr);
+
+// ---------------------------------------------------------------- the list of companies
+
+// One company of the list: every row with a connection, served here.
+struct FilaEmpresa {
+  int numero = 0;
+  QString nombre, comercial;
+};
+std::vector<FilaEmpresa> ListaEmpresas();
+
+// The switch to another company: the user marked out of the current one, the other's
+// database opened, the user and the user's right to open companies checked there, the
+// company loaded into the session, remembered in Nimbar.ini, and the user marked in.
+// False, with its message, when the user stays where he was.
+bool CambiarEmpresa(int numEmp);
+
+// Deletes a company's row from the general database after the question; the open company
+// can't be deleted. Its database stays as it is. True when the row went.
+bool EliminarEmpresa(int numEmp);
 
 } // namespace empresa
