@@ -383,7 +383,8 @@ bool ValidarEmpresa(const DatosEmpresa &d) {
   return true;
 }
 
-int GuardarEmpresa(const DatosEmpresa &entrada, int numEmp, const Avance &avance, bool *nueva) {
+int GuardarEmpresa(const DatosEmpresa &entrada, int numEmp, const Avance &avance, bool *nueva,
+                   const PedirAdministrador &pedir) {
   const auto decir = [&](const QString &estatus, const QString &opcional = {}) {
     if (avance)
       avance(estatus, opcional);
@@ -462,6 +463,8 @@ int GuardarEmpresa(const DatosEmpresa &entrada, int numEmp, const Avance &avance
     }
   }
   // A new database has nobody who could log in: it needs its first administrator.
+  if (estructuraNueva && (d.admin.isEmpty() || d.claveAdmin.isEmpty()) && pedir && !pedir(d))
+    return 0;
   if (estructuraNueva && (d.admin.isEmpty() || d.claveAdmin.isEmpty())) {
     CatalogoMensajes::MostrarTexto(
         QStringLiteral("La base de datos es nueva: indique el usuario administrador y su "

@@ -80,10 +80,14 @@ bool ValidarEmpresa(const DatosEmpresa &datos);
 // The steps of saving, told as they go (first and second progress lines).
 using Avance = std::function<void(const QString &estatus, const QString &opcional)>;
 
+// Asked when the database turns out to be new and no administrator was given: fills
+// admin, claveAdmin and nombreAdmin, or answers false to give the save up.
+using PedirAdministrador = std::function<bool(DatosEmpresa &datos)>;
+
 // Saves the company (numEmp 0 for a new one) and answers its NUM_EMP, or 0 when a step
 // refused with its message. nueva tells whether the database was created now.
 int GuardarEmpresa(const DatosEmpresa &datos, int numEmp, const Avance &avance,
-                   bool *nueva = nullptr);
+                   bool *nueva = nullptr, const PedirAdministrador &pedir = {});
 
 // ---------------------------------------------------------------- the list of companies
 

@@ -1,3 +1,5 @@
+#include "admin/pantallas/frmUtiCrearEmpresa.h"
+#include "admin/pantallas/frmUtiEmpresas.h"
 #include "config/pantallas/frmCatalogo.h"
 #include "config/pantallas/frmDefinirAsientos.h"
 #include "config/pantallas/frmDiarios.h"
@@ -34,6 +36,14 @@ constexpr int kSalidaFatal = 2;
 
 // The screens that the menu items show.
 void RegistrarPantallas(mdiMnuPri &principal) {
+  principal.Registrar(QStringLiteral("mnuAbrirEmpresa"), [&principal](QWidget *padre) {
+    auto pantalla = std::make_unique<frmUtiEmpresas>(padre);
+    pantalla->alCambiarEmpresa = [&principal] {
+      principal.MostrarUsuario();
+      principal.MostrarEmpresa(0);
+    };
+    return pantalla;
+  });
   principal.Registrar(QStringLiteral("mnuGenPolizas"),
                       [](QWidget *padre) { return std::make_unique<frmGenerarPolizas>(padre); });
   principal.Registrar(QStringLiteral("mnuGenArchPolizas"),
@@ -78,6 +88,10 @@ int main(int argc, char **argv) {
     IniciarRutas(QCoreApplication::applicationDirPath());
     {
       frmEntrada entrada;
+      entrada.crearEmpresa = [](QWidget *padre) {
+        frmUtiCrearEmpresa crear(padre);
+        crear.exec();
+      };
       if (!entrada.Cargar())
         return EXIT_FAILURE;
       if (entrada.exec() != QDialog::Accepted)

@@ -190,6 +190,8 @@ bool frmEntrada::LeerEmpresas() {
   EscribirReportIni("ExportDir", UnirRuta(gRutaApp, QStringLiteral("Export")));
   EscribirReportIni("ConsultDir", UnirRuta(gRutaApp, QStringLiteral("Consultas")));
   EscribirReportIni("TemplateDir", UnirRuta(gRutaApp, QStringLiteral("Plantillas")));
+  if (crearEmpresa)
+    crearEmpresa(this);
   // The list is read again: a company may have been created meanwhile.
   LlenarEmpresas(*conexionGeneral_);
   Registros r = conexionGeneral_->Abrir(SentenciaEmpresas(QStringLiteral("NUM_EMP")));

@@ -41,6 +41,9 @@ public:
   // The family's on-screen keyboard: shown at a horizontal position in pixels, it
   // returns the text typed. Touch stations get it from the small button of each field.
   std::function<QString(QWidget *padre, int x, QLineEdit::EchoMode eco)> teclado;
+  // The company screen, shown modally when the installation has no company yet; the
+  // windowed program gives it (none: the list stays empty and the login ends).
+  std::function<void(QWidget *padre)> crearEmpresa;
 
   QLabel *Label1; // the program's title
   QComboBox *cmbEmpresa;
