@@ -119,6 +119,7 @@ void frmUtiEmpresas::LlenarEmpresas() {
       flxEmpresas->selectRow(fila);
   }
   flxEmpresas->resizeColumnToContents(0);
+  flxEmpresas->resizeColumnToContents(2);
 }
 
 void frmUtiEmpresas::AbrirEmpresa() {
