@@ -9,11 +9,14 @@ bloque=$(mktemp)
   echo '```'
   echo '$ escribano-cli --ayuda'
   "$cli" --ayuda
-  for comando in $("$cli" --ayuda | sed -n '/^Comandos:/,/^$/p' | awk 'NF && !/^Comandos:/ {print $1}'); do
-    echo
-    echo "\$ escribano-cli $comando --ayuda"
-    "$cli" "$comando" --ayuda
-  done
+  # A command's name ends where two blanks begin: some names have two words.
+  "$cli" --ayuda | sed -n '/^Comandos:/,/^$/p' | sed -nE 's/^  ([^ ].*[^ ]) {2,}.*/\1/p' |
+    while IFS= read -r comando; do
+      echo
+      echo "\$ escribano-cli $comando --ayuda"
+      # shellcheck disable=SC2086 # the words of the name are the command's words
+      "$cli" $comando --ayuda
+    done
   echo '```'
 } >"$bloque"
 python3 - "$raiz/README.md" "$bloque" <<'PY'

@@ -169,7 +169,11 @@ QString AyudaGeneral() {
                                  "\n"
                                  "Comandos:\n");
   for (const ComandoCli &c : TodosLosComandos())
-    texto += QStringLiteral("  ") + c.nombre.leftJustified(14) + c.resumen + QLatin1Char('\n');
+    // A name of two words takes more than its column; two blanks always part it from
+    // what it does.
+    texto += QStringLiteral("  ") +
+             (c.nombre.size() < 10 ? c.nombre.leftJustified(10) : c.nombre + QStringLiteral("  ")) +
+             c.resumen + QLatin1Char('\n');
   texto += QStringLiteral(
       "\n"
       "CARPETA es la carpeta del programa (Nimbar.mdb, Nimbar.ini); si no se da, la de\n"

@@ -12,6 +12,7 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <map>
 
@@ -206,8 +207,12 @@ TEST_F(Opciones, EachCommandHasItsHelpAndTheProgramItsVersion) {
   for (const QString &linea : todas.split(QLatin1Char('\n')))
     EXPECT_LE(linea.size(), 80) << linea.toStdString();
   // The help of a command asked either way; --version alone.
-  EXPECT_EQ(CorrerCli({QStringLiteral("--ayuda"), QStringLiteral("poliza")}).out,
-            cli::TodosLosComandos()[3].Ayuda());
+  const auto &comandos = cli::TodosLosComandos();
+  const auto poliza = std::find_if(comandos.begin(), comandos.end(), [](const cli::ComandoCli &c) {
+    return c.nombre == QLatin1String("poliza");
+  });
+  ASSERT_NE(poliza, comandos.end());
+  EXPECT_EQ(CorrerCli({QStringLiteral("--ayuda"), QStringLiteral("poliza")}).out, poliza->Ayuda());
   const SalidaCli sobra = CorrerCli({QStringLiteral("--version"), QStringLiteral("extra")});
   EXPECT_EQ(sobra.codigo, 1);
   EXPECT_EQ(sobra.err, QStringLiteral("Sobra el argumento «extra»: --version va sola.\n"));
