@@ -1207,7 +1207,7 @@ const std::vector<Tabla> &TablasEmpresa() {
       // sign that the rename was done before.
       {"tblConfiguracionImpresion",
        {
-           {"Nombre_Compañia", Entero},
+           {"Nombre_Empresa", Entero}, // "Nombre_Compañia" in databases of before the rename
        }},
 
       {"tblGruposPVEnc",

@@ -105,7 +105,7 @@ QString Dialecto::SoltarCandado(const QString &trabajo) const {
 }
 
 QString Dialecto::Nombre(const char *nombre) const {
-  const QString n = QLatin1String(nombre);
+  const QString n = QString::fromUtf8(nombre);
   switch (motor_) {
   case kMySql:
     return QLatin1Char('`') + n + QLatin1Char('`');

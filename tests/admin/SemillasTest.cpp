@@ -217,4 +217,16 @@ TEST_P(Semillas, TheRegimesComeOnceAndOnlyIntoAnEmptyTable) {
   EXPECT_EQ(Tabla("SELECT COD_REGIMEN FROM tblRegimenEmpresa"), L({"2"}));
 }
 
+TEST_P(Semillas, OnMySqlTheOldPrintColumnIsRenamedOnceAndAfterwardsNothingFails) {
+  if (emp->Motor() != motor::kMySql)
+    GTEST_SKIP() << "el cambio de nombre es de MySQL";
+  con->Ejecutar(QStringLiteral("DROP TABLE tblConfiguracionImpresion"));
+  con->Ejecutar(QStringLiteral("CREATE TABLE tblConfiguracionImpresion (`Nombre_Compañia` "
+                               "SMALLINT)"));
+  semillas::SembrarRegion(*con, Region());
+  semillas::SembrarRegion(*con, Region());
+  Registros rs = con->Abrir(QStringLiteral("SELECT * FROM tblConfiguracionImpresion WHERE 1=0"));
+  EXPECT_EQ(rs.Campos(), QStringList{QStringLiteral("Nombre_Empresa")});
+}
+
 INSTANTIATE_TEST_SUITE_P(Motores, Semillas, testing::ValuesIn(MotoresDePrueba()), NombreMotor);

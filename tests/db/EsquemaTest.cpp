@@ -2,6 +2,7 @@
 #include "Apoyo.h"
 #include "db/ConstructorBD.h"
 
+#include <QRegularExpression>
 #include <QSet>
 #include <gtest/gtest.h>
 
@@ -120,6 +121,36 @@ TEST_P(EsquemaEnMotor, EveryTableIsThereAndOrdenCreaGrowsWithEachInsertion) {
   for (; !r.Fin(); r.Siguiente())
     datos << r.Campo(QStringLiteral("COD_DATO")).Texto();
   EXPECT_EQ(datos, QStringList({QStringLiteral("7"), QStringLiteral("3"), QStringLiteral("5")}));
+}
+
+TEST_P(EsquemaEnMotor, TheStructureCheckAddsWhatIsMissingAndChangesNothingElse) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  // A table of an older version without two columns, and a table that isn't there.
+  con->Ejecutar(QStringLiteral("DROP TABLE tblCiudad"));
+  con->Ejecutar(
+      QStringLiteral("CREATE TABLE tblCiudad (COD_CID VARCHAR(10), DES_CID VARCHAR(50))"));
+  con->Ejecutar(
+      QStringLiteral("INSERT INTO tblCiudad (COD_CID,DES_CID) VALUES ('GDL','Guadalajara')"));
+  con->Ejecutar(QStringLiteral("DROP TABLE tblPais"));
+  QString error;
+  emp.grabadora.sentencias.clear();
+  ASSERT_TRUE(constructor::RevisarEstructura(*con, esquema::TablasEmpresa(), &error))
+      << error.toStdString();
+  const QStringList cambios =
+      emp.grabadora.sentencias.filter(QRegularExpression(QStringLiteral("^(ALTER|CREATE)")));
+  // Three columns added; the table made with its index.
+  EXPECT_EQ(cambios.size(), 5) << cambios.join(QLatin1Char('\n')).toStdString();
+  EXPECT_EQ(cambios.filter(QStringLiteral("tblPais")).size(), 2);
+  EXPECT_EQ(cambios.filter(QStringLiteral("ALTER TABLE")).size(), 3);
+  EXPECT_EQ(emp.Valor(QStringLiteral("SELECT DES_CID FROM tblCiudad WHERE COD_CID='GDL'")),
+            QStringLiteral("Guadalajara"));
+  con->Ejecutar(QStringLiteral("UPDATE tblCiudad SET NOM_CID='GUADALAJARA',MUN_CID='039'"));
+  // A second check finds nothing to do.
+  emp.grabadora.sentencias.clear();
+  ASSERT_TRUE(constructor::RevisarEstructura(*con, esquema::TablasEmpresa(), &error));
+  EXPECT_TRUE(emp.grabadora.sentencias.filter(QRegularExpression(QStringLiteral("^(ALTER|CREATE)")))
+                  .isEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Motores, EsquemaEnMotor, testing::ValuesIn(MotoresDePrueba()),

@@ -253,6 +253,25 @@ TEST_P(Entrada, WithoutCompaniesTheReportFoldersAreWrittenAndMessage302EndsThePr
   EXPECT_EQ(Ini("Config", "MDBDir", report), QString());
 }
 
+TEST_P(Entrada, WithoutCompaniesTheCompanyScreenIsShownAndTheCompanyItSavesIsListed) {
+  ConexionPtr general = emp->AbrirGeneral();
+  general->Ejecutar(QStringLiteral("UPDATE tblEmpresas SET NUM_EMP=9"));
+  general->Ejecutar(QStringLiteral("UPDATE tblEmpresas SET CONEXION=''"));
+  frmEntrada f;
+  int mostrada = 0;
+  f.crearEmpresa = [&](QWidget *padre) {
+    ++mostrada;
+    EXPECT_EQ(padre, &f);
+    EXPECT_EQ(gModoEmpresa, 99);
+    // What the screen saves: the company's row with its connection.
+    general->Ejecutar(QStringLiteral("UPDATE tblEmpresas SET CONEXION='%1'").arg(emp->Conexion()));
+  };
+  EXPECT_TRUE(f.Cargar());
+  EXPECT_EQ(mostrada, 1);
+  EXPECT_EQ(f.cmbEmpresa->count(), 1);
+  EXPECT_TRUE(emp->mensajes.mostrados.empty());
+}
+
 TEST_P(Entrada, OnlyCompaniesOfEngineTwoCountAsNoCompany) {
   ConexionPtr general = emp->AbrirGeneral();
   general->Ejecutar(QStringLiteral("UPDATE tblEmpresas SET MOTORDEDATOS=2"));
