@@ -7,6 +7,7 @@ paquetes=(
   qt6-base-dev libqt6sql6-sqlite libqt6sql6-mysql libqt6sql6-odbc
   libgtest-dev libgmock-dev libsqlite3-dev
   unixodbc unixodbc-dev odbc-mariadb tdsodbc
+  libssl-dev openssl
   mariadb-server mariadb-client
   xvfb xauth fonts-dejavu-core poppler-utils valgrind
   qt6-translations-l10n
