@@ -294,7 +294,6 @@ DatosEmpresa CargarDatosEmpresa(int numEmp) {
   if (d.conexion.motor == motor::kSqlServer) {
     const QString base = d.conexion.baseDatos;
     d.conexion = DescomponerConexion(conexion);
-    d.conexion.probada = true; // it was proved when it was saved
     if (d.conexion.baseDatos.isEmpty())
       d.conexion.baseDatos = base;
   } else if (d.conexion.motor == motor::kMySql) {
@@ -302,8 +301,17 @@ DatosEmpresa CargarDatosEmpresa(int numEmp) {
   } else {
     d.conexion.archivo = conexion.mid(7);
   }
+  // The stored text of SQL Server holds the password scrambled. A database that doesn't
+  // answer leaves the screen with what the general database knows.
   servicio.Motor = d.conexion.motor;
-  ConexionPtr con = servicio.AbrirConexion(conexion);
+  ConexionPtr con;
+  try {
+    con = servicio.AbrirConexion(
+        d.conexion.motor == motor::kSqlServer ? DesencriptarConexion(conexion) : conexion);
+  } catch (const ErrorFatal &e) {
+    CatalogoMensajes::Mostrar(369, OcultarClaves(e.Mensaje()), IconoMensaje::Advertencia);
+    return d;
+  }
   {
     Registros rs = con->Abrir(QStringLiteral("SELECT * FROM tblEmpresa WHERE COD_EMPRESA=1;"));
     if (!rs.Vacio()) {

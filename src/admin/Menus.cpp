@@ -322,13 +322,13 @@ bool SembrarPlantillas(Conexion &con, QString *error) {
     for (const ItemPlantilla &i : kPlantillas) {
       if (!QByteArray(i.perfiles).contains(perfil) || presentes.count({numero, i.edicion, i.orden}))
         continue;
-      if (!con.IntentarEjecutar(kInsertarPlantilla + QStringLiteral("(%1,%2,'%3','%4',%5,%6);")
-                                                         .arg(numero)
-                                                         .arg(i.orden)
-                                                         .arg(Escapar(QLatin1String(i.nombre)),
-                                                              Escapar(QString::fromUtf8(i.titulo)))
-                                                         .arg(i.rama)
-                                                         .arg(i.edicion),
+      // One pass of arg(): a text that holds "%1" stays as it is.
+      if (!con.IntentarEjecutar(kInsertarPlantilla +
+                                    QStringLiteral("(%1,%2,'%3','%4',%5,%6);")
+                                        .arg(QString::number(numero), QString::number(i.orden),
+                                             Escapar(QLatin1String(i.nombre)),
+                                             Escapar(QString::fromUtf8(i.titulo)),
+                                             QString::number(i.rama), QString::number(i.edicion)),
                                 nullptr, error))
         return false;
     }
@@ -400,20 +400,17 @@ bool GenerarMenus(Conexion &con, const Estado &estado, QString *error) {
                              rs->Campo(QStringLiteral("TITULO_OPCION")).Texto()});
       rs.reset();
       for (const Renglon &r : renglones) {
-        if (deBase && !con.IntentarEjecutar(kInsertarPlantilla +
-                                                QStringLiteral("(1,%1,'%2','%3',%4,%5);")
-                                                    .arg(r.orden)
-                                                    .arg(Escapar(r.nombre), Escapar(r.titulo))
-                                                    .arg(r.rama)
-                                                    .arg(e.numero),
-                                            nullptr, error))
+        if (deBase && !con.IntentarEjecutar(
+                          kInsertarPlantilla + QStringLiteral("(1,%1,'%2','%3',%4,%5);")
+                                                   .arg(QString::number(r.orden), Escapar(r.nombre),
+                                                        Escapar(r.titulo), QString::number(r.rama),
+                                                        QString::number(e.numero)),
+                          nullptr, error))
           return false;
         if (!con.IntentarEjecutar(
                 QStringLiteral(
                     "INSERT INTO %1 (COD_USUARIO,ORDEN_MENU,NOMBRE_OPCION) VALUES ('%2',%3,'%4');")
-                    .arg(tabla, Escapar(u.codigo))
-                    .arg(r.orden)
-                    .arg(Escapar(r.nombre)),
+                    .arg(tabla, Escapar(u.codigo), QString::number(r.orden), Escapar(r.nombre)),
                 nullptr, error))
           return false;
       }

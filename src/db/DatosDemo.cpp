@@ -27,6 +27,7 @@ namespace {
 
 bool gMarcar = false;
 
+// The apostrophe goes into the demo's text itself; it stands around no value of a statement.
 QString Marcado(const QString &texto) {
   if (!gMarcar || texto.size() <= 4 ||
       std::none_of(texto.begin(), texto.end(), [](QChar c) { return c.isLetter(); }))

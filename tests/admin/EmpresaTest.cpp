@@ -200,6 +200,29 @@ TEST_P(Empresas, EmptyRegionListsStoreAndCreateTheDefaults) {
             L({"GDL", "HER"}));
 }
 
+TEST_P(Empresas, ASqlServerCompanyIsReadWithItsPasswordInPlainEvenWhenItsServerIsAway) {
+  const QString texto =
+      QStringLiteral("Provider=SQLOLEDB.1; Password=%1; Persist Security Info=True; User ID=caja; "
+                     "Initial Catalog=Tienda; Data Source=127.0.0.1\\")
+          .arg(Encriptar(QStringLiteral("s3cr3t")));
+  emp->AbrirGeneral()->Ejecutar(
+      QStringLiteral("INSERT INTO tblEmpresas (NUM_EMP,NOM_EMP,NOM_COM,CONEXION,MOTORDEDATOS,"
+                     "NOMBREBASEDATOS) VALUES (4,'Remota S.A.','Remota','%1',3,'Tienda')")
+          .arg(texto));
+  const empresa::DatosEmpresa d = empresa::CargarDatosEmpresa(4);
+  EXPECT_EQ(d.nombre, QStringLiteral("Remota S.A."));
+  EXPECT_EQ(d.conexion.motor, motor::kSqlServer);
+  EXPECT_EQ(d.conexion.autenticacion, 1);
+  EXPECT_EQ(d.conexion.usuario, QStringLiteral("caja"));
+  EXPECT_EQ(d.conexion.clave, QStringLiteral("s3cr3t"));
+  EXPECT_EQ(d.conexion.servidor, QStringLiteral("127.0.0.1"));
+  EXPECT_EQ(d.conexion.instancia, QString());
+  EXPECT_FALSE(d.conexion.probada);
+  // The server doesn't answer here: the screen says so and shows what it knows.
+  ASSERT_EQ(emp->mensajes.Ids(), std::vector<int>{369});
+  EXPECT_FALSE(emp->mensajes.mostrados[0].texto.contains(QStringLiteral("s3cr3t")));
+}
+
 // ------------------------------------------------------------------ the list and the switch
 
 TEST_P(Empresas, TheListHoldsTheServedCompaniesWithAConnection) {
@@ -246,11 +269,14 @@ TEST_P(Empresas, AnUnreachableDatabaseLeavesTheSessionWhereItWas) {
       QStringLiteral("INSERT INTO tblEmpresas (NUM_EMP,NOM_EMP,NOM_COM,CONEXION,MOTORDEDATOS) "
                      "VALUES (2,'Perdida','','SQLite=NoExiste.db',5),(3,'Sin DSN','',"
                      "'DSN=NoExisteEsteDsn',4)"));
+  con->Ejecutar(QStringLiteral("UPDATE tblUsuarios SET ESTATUS=2"));
   for (int numero : {2, 3}) {
     emp->mensajes.mostrados.clear();
     EXPECT_FALSE(empresa::CambiarEmpresa(numero));
     EXPECT_EQ(emp->mensajes.Ids(), std::vector<int>{369}) << numero;
     EXPECT_EQ(gNumEmp, 1);
+    // The user was marked out of the company he is still in.
+    EXPECT_EQ(Estatus(*con), QStringLiteral("0"));
   }
 }
 

@@ -14,6 +14,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -93,6 +94,22 @@ bool PedirEnDialogo(QWidget *padre, empresa::DatosEmpresa &datos) {
   datos.nombreAdmin = nombre->text().trimmed();
   datos.claveAdmin = clave->text();
   return true;
+}
+
+// A file under Empresas\ named after the company that no other company has: a second
+// "Tienda" gets Tienda2.db.
+QString ArchivoNuevo(QString nombre) {
+  nombre.remove(QRegularExpression(QStringLiteral("[^A-Za-z0-9ÁÉÍÓÚÑáéíóúñ]")));
+  if (nombre.isEmpty())
+    nombre = QStringLiteral("Empresa");
+  for (int n = 1;; ++n) {
+    const QString archivo =
+        QStringLiteral("Empresas\\%1%2.db").arg(nombre, n == 1 ? QString() : QString::number(n));
+    const QString ruta =
+        UnirRuta(gRutaApp, QString(archivo).replace(QLatin1Char('\\'), QLatin1Char('/')));
+    if (!QFileInfo::exists(RutaNativa(ruta)))
+      return archivo;
+  }
 }
 
 QString BuscarImagen(QWidget *padre) {
@@ -608,13 +625,10 @@ void frmUtiCrearEmpresa::Avance(const QString &estatus, const QString &opcional)
 
 void frmUtiCrearEmpresa::Aceptar() {
   empresa::DatosEmpresa d = Datos();
-  // A new company in the embedded engine gets a file named after it.
-  if (motor_ == motor::kSqlite && d.conexion.archivo.isEmpty() && !d.nombre.isEmpty()) {
-    QString nombre = d.comercial.isEmpty() ? d.nombre : d.comercial;
-    nombre.remove(QRegularExpression(QStringLiteral("[^A-Za-z0-9ÁÉÍÓÚÑáéíóúñ]")));
-    d.conexion.archivo = QStringLiteral("Empresas\\%1.db").arg(nombre);
-    txtArchivo->setText(d.conexion.archivo);
-  }
+  // A new company in the embedded engine gets a file of its own, named after it.
+  const bool nombrado = motor_ == motor::kSqlite && d.conexion.archivo.isEmpty();
+  if (nombrado && !d.nombre.isEmpty())
+    d.conexion.archivo = ArchivoNuevo(d.comercial.isEmpty() ? d.nombre : d.comercial);
   if (!empresa::ValidarEmpresa(d))
     return;
   int numero = 0;
@@ -625,6 +639,9 @@ void frmUtiCrearEmpresa::Aceptar() {
         pedirAdministrador);
   }
   Avance({}, {});
-  if (numero > 0)
-    accept();
+  if (numero == 0)
+    return;
+  if (nombrado)
+    txtArchivo->setText(d.conexion.archivo);
+  accept();
 }

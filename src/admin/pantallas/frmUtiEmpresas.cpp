@@ -118,6 +118,8 @@ void frmUtiEmpresas::LlenarEmpresas() {
     if (f.numero == gNumEmp)
       flxEmpresas->selectRow(fila);
   }
+  if (flxEmpresas->currentRow() < 0 && flxEmpresas->rowCount() > 0)
+    flxEmpresas->selectRow(0);
   flxEmpresas->resizeColumnToContents(0);
   flxEmpresas->resizeColumnToContents(2);
 }
@@ -130,6 +132,8 @@ void frmUtiEmpresas::AbrirEmpresa() {
     LlenarEmpresas();
     return;
   }
+  if (Elegida() == 0)
+    return;
   bool cambiada = false;
   {
     RelojArena reloj;
@@ -143,7 +147,7 @@ void frmUtiEmpresas::AbrirEmpresa() {
 }
 
 void frmUtiEmpresas::ModificarEmpresa() {
-  if (!gVersionOk || !HayEmpresas())
+  if (!gVersionOk || Elegida() == 0)
     return;
   const int abierta = gNumEmp;
   gNumEmp = Elegida();
@@ -165,6 +169,6 @@ void frmUtiEmpresas::ModificarEmpresa() {
 }
 
 void frmUtiEmpresas::EliminarEmpresa() {
-  if (HayEmpresas() && empresa::EliminarEmpresa(Elegida()))
+  if (Elegida() > 0 && empresa::EliminarEmpresa(Elegida()))
     LlenarEmpresas();
 }

@@ -307,6 +307,8 @@ frmFormato1::frmFormato1(QWidget *padre) : QDialog(padre) {
     t->setValidator(new QRegularExpressionValidator(digitos, t));
   for (QLineEdit *t : findChildren<QLineEdit *>())
     t->installEventFilter(this);
+  for (QListWidget *l : {lstUno[0], lstDos[0], lstUno[1], lstDos[1]})
+    l->installEventFilter(this);
 
   auto *raiz = new QVBoxLayout(this);
   raiz->setMenuBar(tlbCatalogo);
@@ -417,13 +419,15 @@ bool frmFormato1::ValidarPaso(int paso) {
 }
 
 void frmFormato1::PasoSiguiente() {
-  if (!ValidarPaso(paso_))
+  if (paso_ >= 6 || !ValidarPaso(paso_))
     return;
   MostrarPaso(paso_ + 1);
   EstadoBotones();
 }
 
 void frmFormato1::PasoAnterior() {
+  if (paso_ <= 1)
+    return;
   MostrarPaso(paso_ - 1);
   EstadoBotones();
 }
@@ -458,8 +462,8 @@ void frmFormato1::Opcion(int i) {
   const bool agregar = i % 2 == 0;
   QListWidget *desde = agregar ? lstUno[r] : lstDos[r];
   QListWidget *hacia = agregar ? lstDos[r] : lstUno[r];
-  // The field chosen is the list's current one, by the arrows or a click.
-  if (QListWidgetItem *elegido = desde->currentItem()) {
+  QListWidgetItem *elegido = desde->currentItem();
+  if (elegido && elegido->isSelected()) {
     // The field goes to the end of the other list; the one below it is chosen next.
     const int fila = desde->row(elegido);
     hacia->addItem(elegido->text());
@@ -541,6 +545,14 @@ void frmFormato1::ReglasLongitud() {
 }
 
 bool frmFormato1::eventFilter(QObject *objeto, QEvent *evento) {
+  // A list entered by the keys shows its current field chosen: the arrows' buttons move
+  // the field chosen, and the user sees which.
+  if (auto *lista = qobject_cast<QListWidget *>(objeto);
+      lista && evento->type() == QEvent::FocusIn) {
+    if (lista->selectedItems().isEmpty() && lista->count() > 0)
+      lista->setCurrentRow(lista->currentRow() < 0 ? 0 : lista->currentRow());
+    return QDialog::eventFilter(objeto, evento);
+  }
   auto *caja = qobject_cast<QLineEdit *>(objeto);
   if (!caja)
     return QDialog::eventFilter(objeto, evento);

@@ -14,6 +14,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QFileInfo>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -109,6 +110,10 @@ TEST_P(PantallasEmpresa, TheListShowsTheCompaniesWithTheOpenOneChosen) {
   EXPECT_TRUE(f->cmdFunciones[0]->isEnabled());
   EXPECT_FALSE(f->cmdFunciones[1]->isEnabled());
   GuardarCaptura(f.get(), QStringLiteral("frmUtiEmpresas"));
+  // A company that isn't listed leaves the first one chosen: every key acts on a row.
+  gNumEmp = 7;
+  f->LlenarEmpresas();
+  EXPECT_EQ(f->flxEmpresas->currentRow(), 0);
 }
 
 TEST_P(PantallasEmpresa, EnterOpensTheChosenCompanyAndTheScreenCloses) {
@@ -195,6 +200,9 @@ TEST_P(PantallasEmpresa, ANewCompanyOnTheEmbeddedEngineIsCreatedFromTheScreen) {
   EXPECT_EQ(QApplication::focusWidget(), f.txtCodSuc);
   f.txtCodSuc->setText(QStringLiteral("CENTRO"));
   GuardarCaptura(&f, QStringLiteral("frmUtiCrearEmpresa_integrado"));
+  // Another company's file has the name already: this one gets a file of its own.
+  QDir().mkpath(RutaNativa(UnirRuta(emp->Ruta(), QStringLiteral("Empresas"))));
+  EscribirArchivo(UnirRuta(emp->Ruta(), QStringLiteral("Empresas/ElTornillo.db")), "x");
   int pedidos = 0;
   f.pedirAdministrador = [&](empresa::DatosEmpresa &d) {
     ++pedidos;
@@ -205,12 +213,11 @@ TEST_P(PantallasEmpresa, ANewCompanyOnTheEmbeddedEngineIsCreatedFromTheScreen) {
   QTest::mouseClick(f.cmdAceptar, Qt::LeftButton);
   EXPECT_EQ(pedidos, 1);
   EXPECT_FALSE(f.isVisible());
-  EXPECT_EQ(f.txtArchivo->text(), QStringLiteral("Empresas\\ElTornillo.db"));
-  EXPECT_TRUE(QFileInfo::exists(
-      RutaNativa(UnirRuta(emp->Ruta(), QStringLiteral("Empresas/ElTornillo.db")))));
+  EXPECT_EQ(f.txtArchivo->text(), QStringLiteral("Empresas\\ElTornillo2.db"));
+  EXPECT_EQ(LeerArchivo(UnirRuta(emp->Ruta(), QStringLiteral("Empresas/ElTornillo.db"))), "x");
   EXPECT_EQ(Filas(*emp->AbrirGeneral(), QStringLiteral("SELECT NUM_EMP,NOM_EMP,CONEXION FROM "
                                                        "tblEmpresas WHERE NUM_EMP=3")),
-            L({"3|Ferreteria El Tornillo|SQLite=Empresas\\ElTornillo.db"}));
+            L({"3|Ferreteria El Tornillo|SQLite=Empresas\\ElTornillo2.db"}));
 }
 
 TEST_P(PantallasEmpresa, TheDatabaseFrameShowsEachKindWithItsRules) {

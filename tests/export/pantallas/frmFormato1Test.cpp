@@ -75,6 +75,7 @@ protected:
     for (int i = 0; i < fila; ++i)
       Tecla(f, Qt::Key_Down);
     ASSERT_EQ(lista->currentItem()->text(), campo);
+    EXPECT_TRUE(lista->currentItem()->isSelected());
     IrA(f, boton);
     Tecla(f, Qt::Key_Space);
   }
@@ -355,6 +356,10 @@ TEST_P(PantallaFormato, AStepIsLeftOnlyWhenItPassesAndGoingBackChecksNothing) {
   Anterior(*f);
   EXPECT_EQ(f->Paso(), 1);
   EXPECT_EQ(emp->mensajes.mostrados.size(), 1u);
+  // There is no step before the first, whoever asks.
+  f->PasoAnterior();
+  EXPECT_EQ(f->Paso(), 1);
+  EXPECT_TRUE(f->frmFormato[0]->isVisible());
   // The toolbar's arrows do the same as the keys.
   f->tlbCatalogo->Accion(QStringLiteral("FLD"))->trigger();
   EXPECT_EQ(f->Paso(), 2);
@@ -477,6 +482,11 @@ TEST_P(PantallaFormato, TheArrowsMoveTheChosenFieldToTheEndOfTheOtherList) {
     l->setCurrentRow(static_cast<int>(Textos(l).indexOf(campo)));
     QTest::mouseClick(f->cmdOpcion[boton], Qt::LeftButton);
   };
+  // A field that is current but not chosen stays where it is.
+  f->lstUno[0]->setCurrentRow(0);
+  f->lstUno[0]->clearSelection();
+  f->cmdOpcion[0]->click();
+  EXPECT_EQ(f->lstDos[0]->count(), 0);
   mover(0, QStringLiteral("Concepto"), 0);
   mover(0, QStringLiteral("Folio"), 0);
   EXPECT_EQ(Textos(f->lstDos[0]), L({"Concepto", "Folio"}));
