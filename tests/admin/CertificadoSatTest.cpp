@@ -1,46 +1,18 @@
 #include "admin/CertificadoSat.h"
 #include "Apoyo.h"
+#include "ParSat.h"
 
-#include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace {
 
-// Two key pairs made by the openssl command: pair A with its certificate, as the SAT hands
-// them (key PKCS#8 DER with a password, certificate DER with the RFC in the holder's unique
-// identifier), the same in PEM, and pair B.
+// The key pairs of the SAT's kind, made once for all the tests.
 class CertificadoSat : public testing::Test {
 protected:
   static void SetUpTestSuite() {
     dir = new QTemporaryDir;
-    const auto openssl = [](const QStringList &args) {
-      QProcess p;
-      p.setWorkingDirectory(dir->path());
-      p.start(QStringLiteral("openssl"), args);
-      ASSERT_TRUE(p.waitForFinished(60000));
-      ASSERT_EQ(p.exitCode(), 0) << p.readAllStandardError().toStdString();
-    };
-    for (const char *par : {"a", "b"}) {
-      const QString pem = QLatin1String(par) + QStringLiteral(".pem");
-      openssl({QStringLiteral("genrsa"), QStringLiteral("-out"), pem, QStringLiteral("2048")});
-      openssl({QStringLiteral("pkcs8"), QStringLiteral("-topk8"), QStringLiteral("-in"), pem,
-               QStringLiteral("-outform"), QStringLiteral("DER"), QStringLiteral("-v2"),
-               QStringLiteral("des3"), QStringLiteral("-passout"), QStringLiteral("pass:clave123"),
-               QStringLiteral("-out"), QLatin1String(par) + QStringLiteral(".key")});
-    }
-    openssl({QStringLiteral("req"), QStringLiteral("-new"), QStringLiteral("-x509"),
-             QStringLiteral("-utf8"), QStringLiteral("-key"), QStringLiteral("a.pem"),
-             QStringLiteral("-days"), QStringLiteral("365"), QStringLiteral("-set_serial"),
-             QStringLiteral("0x3330303031303030303030333030303233373038"), QStringLiteral("-subj"),
-             QStringLiteral("/CN=LA FONDA DE DOÑA LUPE/name=LA FONDA DE DOÑA LUPE SA DE "
-                            "CV/x500UniqueIdentifier=FDL180314AB1 \\/ XAXX010101HDFXXX00"),
-             QStringLiteral("-outform"), QStringLiteral("DER"), QStringLiteral("-out"),
-             QStringLiteral("a.cer")});
-    openssl({QStringLiteral("x509"), QStringLiteral("-inform"), QStringLiteral("DER"),
-             QStringLiteral("-in"), QStringLiteral("a.cer"), QStringLiteral("-out"),
-             QStringLiteral("a_pem.cer")});
-    EscribirArchivo(Ruta("vacio.cer"), {});
+    CrearParesSat(dir->path());
   }
   static void TearDownTestSuite() {
     delete dir;
