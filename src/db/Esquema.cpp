@@ -816,6 +816,10 @@ const std::vector<Tabla> &TablasEmpresa() {
       {"tblPrecios",
        {
            {"COD1_ART", Texto, kArticulo},
+           {"COD_UND", Texto, kCodigo},
+           {"NUM_LISTA", Entero},
+           {"PRE_LISTA", Dinero},
+           {"PRE_IVA", Dinero},
        },
        {{"IX_tblPrecios_1", {"COD1_ART"}}}},
 
