@@ -15,6 +15,7 @@ int gEdicion = 1;
 QString gRutaAyuda;
 int gModulo = 13;
 int gModoEmpresa = 0;
+int gEmpresaParametros = 0;
 int gNumEmp = 0;
 QString gNomEmp, gNomCom;
 QString gConexion;
@@ -86,6 +87,7 @@ void LimpiarSesion() {
   gRutaAyuda.clear();
   gModulo = 13;
   gModoEmpresa = 0;
+  gEmpresaParametros = 0;
   gNumEmp = 0;
   gNomEmp.clear();
   gNomCom.clear();

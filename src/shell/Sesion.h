@@ -18,6 +18,7 @@ extern int gEdicion;             // business type: 1 merchandise, other values f
 extern QString gRutaAyuda;       // the manual
 extern int gModulo;              // always 13 in this program
 extern int gModoEmpresa;         // company screen: 0 normal, 10 repair, 99 first company
+extern int gEmpresaParametros;   // the company whose parameters the parameters screen edits
 extern int gNumEmp;
 extern QString gNomEmp, gNomCom;
 extern QString gConexion; // connection of the open company, password in plain

@@ -2,6 +2,7 @@
 
 #include "admin/Empresa.h"
 #include "admin/pantallas/frmUtiCrearEmpresa.h"
+#include "admin/pantallas/frmUtiParametros.h"
 #include "pantallas/Pantallas.h"
 #include "shell/CargaEmpresa.h"
 #include "shell/CatalogoMensajes.h"
@@ -67,8 +68,7 @@ frmUtiEmpresas::frmUtiEmpresas(QWidget *padre) : QDialog(padre) {
   connect(cmdFunciones[3], &QPushButton::clicked, this, &QDialog::reject);
   connect(cmdFunciones[4], &QPushButton::clicked, this, [this] { AbrirArchivo(this, gRutaAyuda); });
   connect(flxEmpresas, &QTableWidget::cellDoubleClicked, this, [this] { AbrirEmpresa(); });
-  // The parameters of a company have a screen of their own, not in this program yet.
-  cmdFunciones[1]->setEnabled(false);
+  connect(cmdFunciones[1], &QPushButton::clicked, this, [this] { ModificarParametros(); });
   // A function key presses its button while the button is enabled; Enter is the switch.
   new VistaPreviaTeclas(this, [this](QWidget *, QKeyEvent *tecla) {
     if (tecla->text() == QLatin1String("'")) {
@@ -107,7 +107,7 @@ void frmUtiEmpresas::LlenarEmpresas() {
       {QStringLiteral("#"), QStringLiteral("Nombre"), QStringLiteral("Nombre Comercial")});
   const std::vector<empresa::FilaEmpresa> filas = empresa::ListaEmpresas();
   for (int i = 0; i < 3; ++i)
-    cmdFunciones[i]->setEnabled(!filas.empty() && i != 1);
+    cmdFunciones[i]->setEnabled(!filas.empty());
   for (const empresa::FilaEmpresa &f : filas) {
     const int fila = flxEmpresas->rowCount();
     flxEmpresas->insertRow(fila);
@@ -157,6 +157,22 @@ void frmUtiEmpresas::ModificarEmpresa() {
     crear.exec();
   }
   gNumEmp = abierta;
+  RecargarEmpresa();
+}
+
+void frmUtiEmpresas::ModificarParametros() {
+  if (Elegida() == 0)
+    return;
+  // The version doesn't matter here, and the company open stays the same.
+  gEmpresaParametros = Elegida();
+  {
+    frmUtiParametros parametros(this);
+    parametros.exec();
+  }
+  RecargarEmpresa();
+}
+
+void frmUtiEmpresas::RecargarEmpresa() {
   // The open company may have been the one changed: the session reads it again.
   if (!gConexion.isEmpty()) {
     ServicioConexion servicio;

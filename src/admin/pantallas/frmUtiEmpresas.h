@@ -18,6 +18,7 @@ public:
   // The switch to the chosen company; the screen closes when it is done.
   void AbrirEmpresa();
   void ModificarEmpresa();
+  void ModificarParametros();
   void EliminarEmpresa();
 
   // What the main window does after a switch: show the new company and user.
@@ -30,4 +31,6 @@ public:
 private:
   int Elegida() const;
   bool HayEmpresas() const;
+  // After a change: the open company into the session again, and the list.
+  void RecargarEmpresa();
 };
