@@ -1050,7 +1050,7 @@ void frmUtiParametros::ValidarInfoSat() {
   const bool guardado = cfdi::ValidarInfoSat(*conexion_, DatosSat(), Hoy(), &v);
   if (v.certificado.vence.isValid()) {
     lblDatosCertificado->setText(
-        QStringLiteral("%1\nRFC: %2   Número: %3\nVence: %4 %5")
+        QStringLiteral("%1\nRFC: %2   Número: %3   Vence: %4 %5")
             .arg(v.certificado.titular, v.certificado.rfc, v.certificado.serie,
                  v.certificado.vence.toString(QStringLiteral("dd/MM/yyyy")), v.aviso));
     // The expiry is the certificate's own: it isn't typed.
@@ -1089,7 +1089,11 @@ void frmUtiParametros::GrabarCuentaFE() {
 
 // The map slides a step at a time to the zone's offset.
 void frmUtiParametros::MoverMapa(int horas) {
-  horasMapa_ = std::clamp(horas, -12, 12);
+  const int destino = std::clamp(horas, -12, 12);
+  while (horasMapa_ != destino) {
+    horasMapa_ += destino > horasMapa_ ? 1 : -1;
+    DibujarMapa();
+  }
   DibujarMapa();
 }
 

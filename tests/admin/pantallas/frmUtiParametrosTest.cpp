@@ -110,7 +110,6 @@ TEST_P(PantallaParametros, TheScreenOpensOnSalesWithThePriceListsAtTheirDefaults
 TEST_P(PantallaParametros, AnyOfTheFourButtonsSavesTheFourTabsAndTheFirstMakesTheRow) {
   auto f = Abrir();
   f->chkOrdenTotal->setChecked(true);
-  f->cmbPrecioDecimal->setCurrentIndex(2);
   f->chkFacMos->setChecked(true);
   f->chkCaducidad->setChecked(true);
   f->txtDiasCad->setText(QStringLiteral("7"));
@@ -121,13 +120,16 @@ TEST_P(PantallaParametros, AnyOfTheFourButtonsSavesTheFourTabsAndTheFirstMakesTh
   EXPECT_EQ(Filas(*con, QStringLiteral("SELECT PRECIO_DECIMAL,FF_ORDENTOT,FACT_MOSTRA,CAD_ACT,"
                                        "DIAS_CAD,LDC_SUCURSAL,FE_VERSION FROM "
                                        "tblParametrosGenerales")),
-            L({"2|0|1|1|7|1|33"}));
+            L({"4|0|1|1|7|1|33"}));
   // Opened again, the complete order shows as stored: off.
   f->close();
   auto g = Abrir();
   EXPECT_FALSE(g->chkOrdenTotal->isChecked());
-  EXPECT_EQ(g->cmbPrecioDecimal->currentIndex(), 2);
-  EXPECT_TRUE(g->lblNotaFacMos->isVisible() || !g->fmeParametros->widget(1)->isVisible());
+  g->cmbPrecioDecimal->setCurrentIndex(2);
+  g->cmdParametros[0]->click();
+  g->close();
+  auto h = Abrir();
+  EXPECT_EQ(h->cmbPrecioDecimal->currentText(), QStringLiteral("2 decimales"));
 }
 
 TEST_P(PantallaParametros, ThePurchasePreviewIsRefusedWhileAnArticleExpires) {
@@ -245,6 +247,56 @@ TEST_P(PantallaParametros, TheTaxDataAreValidatedBeforeTheConfigurationIsSaved) 
   EXPECT_EQ(Avisos().last(), QStringLiteral("Parámetros guardados"));
   EXPECT_EQ(Valor("FE_VERSION"), QStringLiteral("33"));
   EXPECT_EQ(Valor("FE_LLAVE"), pares->filePath(QStringLiteral("a.key")));
+}
+
+TEST_P(PantallaParametros, APromotionSwitchedOffInTheGridLeavesTheTerminalsTree) {
+  con->Ejecutar(QStringLiteral("INSERT INTO tblParametrosGenerales (TC_SERVICIO) VALUES (2)"));
+  con->Ejecutar(QStringLiteral("INSERT INTO tblTcPromociones (COD_TCPROMO,DES_TCPROMO,ACTIVA_PROMO,"
+                               "MIN_TCPROMO,NUM_PARCIAL) VALUES (1,'3 MESES',1,500,3),"
+                               "(2,'6 MESES',1,900,6)"));
+  con->Ejecutar(
+      QStringLiteral("INSERT INTO tblTcTerminalPromo (COD_TERMINAL,COD_TCPROMO) VALUES (1,2)"));
+  auto f = Abrir();
+  f->fmeDatos->setCurrentIndex(1);
+  f->cmdTVE[1]->click();
+  ASSERT_TRUE(f->cmdActivarPromo->isEnabled());
+  f->cmdActivarPromo->click();
+  ASSERT_EQ(f->flxPromos->rowCount(), 2);
+  EXPECT_EQ(f->flxPromos->item(1, 3)->text(), QStringLiteral("900.00"));
+  // The status is chosen from its list over the cell; switched off, the minimum goes to 0.
+  f->flxPromos->setCurrentCell(1, 2);
+  Q_EMIT f->flxPromos->cellDoubleClicked(1, 2);
+  EXPECT_TRUE(f->cmbEstatus->isVisible());
+  f->cmbEstatus->setCurrentIndex(0);
+  Q_EMIT f->cmbEstatus->activated(0);
+  EXPECT_EQ(f->flxPromos->item(1, 2)->text(), QStringLiteral("Desactivar"));
+  EXPECT_EQ(f->flxPromos->item(1, 3)->text(), QStringLiteral("0.00"));
+  f->cmdPromo[0]->click();
+  EXPECT_EQ(Filas(*con, QStringLiteral("SELECT COD_TCPROMO,ACTIVA_PROMO FROM tblTcPromociones "
+                                       "ORDER BY COD_TCPROMO")),
+            L({"1|1", "2|0"}));
+  f->cmdAgregarTerminal->click();
+  ASSERT_EQ(f->tvwPromociones->topLevelItemCount(), 1);
+  EXPECT_EQ(f->tvwPromociones->topLevelItem(0)->text(0), QStringLiteral("3 MESES"));
+  EXPECT_EQ(emp->Contar(QStringLiteral("tblTcTerminalPromo")), 1);
+}
+
+TEST_P(PantallaParametros, TheAccountWithoutItsPasswordDoesNothingAfterTheQuestion) {
+  auto f = Abrir();
+  f->fmeDatos->setCurrentIndex(2);
+  f->fmeCfdis->setCurrentIndex(1);
+  f->txtSerieFE->setText(QStringLiteral("A"));
+  f->txtFactElectronica[3]->setText(QStringLiteral("timbrado"));
+  f->cmdTest->click();
+  EXPECT_EQ(Avisos(), L({"¿Todos los datos fiscales de la empresa son correctos?"}));
+  EXPECT_FALSE(f->chkConfiguraFE->isChecked());
+  EXPECT_TRUE(f->cmdTest->isVisible());
+  f->txtFactElectronica[4]->setText(QStringLiteral("s3cr3t"));
+  con->Ejecutar(QStringLiteral("INSERT INTO tblParametrosGenerales (CFD_FACT) VALUES (0)"));
+  f->cmdTest->click();
+  EXPECT_TRUE(f->chkConfiguraFE->isChecked());
+  EXPECT_FALSE(f->cmdTest->isVisible());
+  EXPECT_EQ(Valor("CFD_FACT"), QStringLiteral("1"));
 }
 
 TEST_P(PantallaParametros, FFourOfTheCompanyListOpensTheParameters) {
