@@ -2,29 +2,18 @@
 #include "Apoyo.h"
 #include "ParSat.h"
 
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace {
 
-// The key pairs of the SAT's kind, made once for all the tests.
+// The validator over the pairs of the SAT's kind that ParesSat makes.
 class CertificadoSat : public testing::Test {
 protected:
-  static void SetUpTestSuite() {
-    dir = new QTemporaryDir;
-    CrearParesSat(dir->path());
-  }
-  static void TearDownTestSuite() {
-    delete dir;
-    dir = nullptr;
-  }
-  static QString Ruta(const char *archivo) { return dir->filePath(QLatin1String(archivo)); }
+  static QString Ruta(const char *archivo) { return ParesSat().filePath(QLatin1String(archivo)); }
   static sat::Validacion Validar(const char *clave, const char *cer, const char *key,
                                  QDate hoy = QDate::currentDate()) {
     return sat::ValidarDatosSat(QLatin1String(clave), Ruta(cer), Ruta(key), hoy);
   }
-
-  static inline QTemporaryDir *dir = nullptr;
 };
 
 } // namespace

@@ -5,7 +5,6 @@
 #include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
 
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using diario::Filas;
@@ -15,14 +14,6 @@ namespace {
 // A company with its row of parameters, and the SAT's pair A in a folder of its own.
 class Cfdi : public testing::TestWithParam<std::string> {
 protected:
-  static void SetUpTestSuite() {
-    pares = new QTemporaryDir;
-    CrearParesSat(pares->path());
-  }
-  static void TearDownTestSuite() {
-    delete pares;
-    pares = nullptr;
-  }
   void SetUp() override {
     emp = std::make_unique<EmpresaPrueba>(GetParam());
     con = emp->Abrir();
@@ -34,7 +25,8 @@ protected:
   parametros::Empresa Empresa() const { return {emp->Conexion(), QStringLiteral("Prueba")}; }
   static cfdi::DatosSat Datos() {
     return {cfdi::ZonasHorarias()[6], QStringLiteral("clave123"),
-            pares->filePath(QStringLiteral("a.key")), pares->filePath(QStringLiteral("a.cer"))};
+            ParesSat().filePath(QStringLiteral("a.key")),
+            ParesSat().filePath(QStringLiteral("a.cer"))};
   }
   QString Valor(const char *columna) {
     return emp->Valor(
@@ -47,7 +39,6 @@ protected:
     return t;
   }
 
-  static inline QTemporaryDir *pares = nullptr;
   std::unique_ptr<EmpresaPrueba> emp;
   ConexionPtr con;
 };

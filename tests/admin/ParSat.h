@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QProcess>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 // In carpeta: pair A as the SAT hands it (a.key, PKCS#8 DER with the password "clave123";
@@ -40,4 +41,15 @@ inline void CrearParesSat(const QString &carpeta) {
            QStringLiteral("-in"), QStringLiteral("a.cer"), QStringLiteral("-out"),
            QStringLiteral("a_pem.cer")});
   EscribirArchivo(QDir(carpeta).filePath(QStringLiteral("vacio.cer")), {});
+}
+
+// The pairs, made once in a run, in a folder that lasts until the run ends.
+inline const QTemporaryDir &ParesSat() {
+  static QTemporaryDir dir;
+  static const bool hechos = [] {
+    CrearParesSat(dir.path());
+    return true;
+  }();
+  static_cast<void>(hechos);
+  return dir;
 }

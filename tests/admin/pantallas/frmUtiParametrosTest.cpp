@@ -20,7 +20,6 @@
 #include <QStackedWidget>
 #include <QTabWidget>
 #include <QTableWidget>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
@@ -33,14 +32,6 @@ namespace {
 // The parameters of the test company, opened as the company list opens them.
 class PantallaParametros : public testing::TestWithParam<std::string> {
 protected:
-  static void SetUpTestSuite() {
-    pares = new QTemporaryDir;
-    CrearParesSat(pares->path());
-  }
-  static void TearDownTestSuite() {
-    delete pares;
-    pares = nullptr;
-  }
   void SetUp() override {
     emp = std::make_unique<EmpresaPrueba>(GetParam());
     con = emp->Abrir();
@@ -72,7 +63,6 @@ protected:
     return t;
   }
 
-  static inline QTemporaryDir *pares = nullptr;
   std::unique_ptr<EmpresaPrueba> emp;
   ConexionPtr con;
 };
@@ -215,8 +205,8 @@ TEST_P(PantallaParametros, TheTaxDataAreValidatedBeforeTheConfigurationIsSaved) 
   auto f = Abrir();
   f->fmeDatos->setCurrentIndex(2);
   f->cdgArchivo = [](QWidget *, const QString &, const QString &filtro) {
-    return pares->filePath(filtro.contains(QStringLiteral(".cer")) ? QStringLiteral("a.cer")
-                                                                   : QStringLiteral("a.key"));
+    return ParesSat().filePath(filtro.contains(QStringLiteral(".cer")) ? QStringLiteral("a.cer")
+                                                                       : QStringLiteral("a.key"));
   };
   // The zone alone needs no validation.
   f->cmbZonaHoraria->setCurrentIndex(6);
@@ -246,7 +236,7 @@ TEST_P(PantallaParametros, TheTaxDataAreValidatedBeforeTheConfigurationIsSaved) 
   f->cmdParamFE[0]->click();
   EXPECT_EQ(Avisos().last(), QStringLiteral("Parámetros guardados"));
   EXPECT_EQ(Valor("FE_VERSION"), QStringLiteral("33"));
-  EXPECT_EQ(Valor("FE_LLAVE"), pares->filePath(QStringLiteral("a.key")));
+  EXPECT_EQ(Valor("FE_LLAVE"), ParesSat().filePath(QStringLiteral("a.key")));
 }
 
 TEST_P(PantallaParametros, APromotionSwitchedOffInTheGridLeavesTheTerminalsTree) {
