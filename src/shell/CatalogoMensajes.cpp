@@ -219,6 +219,13 @@ RespuestaMensaje PresentadorGrabador::Presentar(const Mensaje &mensaje) {
   return respuesta;
 }
 
+QStringList PresentadorGrabador::Textos() const {
+  QStringList textos;
+  for (const Mensaje &m : mostrados)
+    textos << m.texto;
+  return textos;
+}
+
 std::vector<int> PresentadorGrabador::Ids() const {
   std::vector<int> ids;
   ids.reserve(mostrados.size());

@@ -70,4 +70,6 @@ public:
   std::vector<RespuestaMensaje> respuestas;
   RespuestaMensaje Presentar(const Mensaje &mensaje) override;
   std::vector<int> Ids() const;
+  // The texts of the messages shown, in order.
+  QStringList Textos() const;
 };

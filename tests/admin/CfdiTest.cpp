@@ -1,5 +1,6 @@
 #include "admin/Cfdi.h"
 #include "ParSat.h"
+#include "admin/ApoyoParametros.h"
 #include "journal/DiarioPrueba.h"
 #include "shell/Encriptacion.h"
 #include "shell/ServicioUtil.h"
@@ -28,16 +29,8 @@ protected:
             ParesSat().filePath(QStringLiteral("a.key")),
             ParesSat().filePath(QStringLiteral("a.cer"))};
   }
-  QString Valor(const char *columna) {
-    return emp->Valor(
-        QStringLiteral("SELECT %1 FROM tblParametrosGenerales").arg(QLatin1String(columna)));
-  }
-  QStringList Avisos() const {
-    QStringList t;
-    for (const Mensaje &m : emp->mensajes.mostrados)
-      t << m.texto;
-    return t;
-  }
+  QString Valor(const char *columna) const { return ValorParametro(*emp, columna); }
+  QStringList Avisos() const { return emp->mensajes.Textos(); }
 
   std::unique_ptr<EmpresaPrueba> emp;
   ConexionPtr con;

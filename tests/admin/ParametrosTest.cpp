@@ -1,5 +1,6 @@
 #include "admin/Parametros.h"
 #include "Apoyo.h"
+#include "admin/ApoyoParametros.h"
 #include "journal/DiarioPrueba.h"
 #include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
@@ -21,10 +22,7 @@ protected:
   void TearDown() override { FijarReloj({}); }
   parametros::Empresa Empresa() const { return {emp->Conexion(), QStringLiteral("Prueba")}; }
   // A value of the row, as text.
-  QString Valor(const char *columna) {
-    return emp->Valor(
-        QStringLiteral("SELECT %1 FROM tblParametrosGenerales").arg(QLatin1String(columna)));
-  }
+  QString Valor(const char *columna) const { return ValorParametro(*emp, columna); }
   // Every tab with something set.
   static parametros::Parametros Muestra() {
     parametros::Parametros p;

@@ -23,12 +23,7 @@ protected:
   }
   QStringList Tabla(const char *sql) { return Filas(*con, QString::fromUtf8(sql)); }
   QString Valor(const char *sql) { return emp->Valor(QString::fromUtf8(sql)); }
-  QStringList Avisos() const {
-    QStringList t;
-    for (const Mensaje &m : emp->mensajes.mostrados)
-      t << m.texto;
-    return t;
-  }
+  QStringList Avisos() const { return emp->mensajes.Textos(); }
   void Promociones() {
     con->Ejecutar(
         QStringLiteral("INSERT INTO tblTcPromociones (COD_TCPROMO,DES_TCPROMO,ACTIVA_PROMO,"

@@ -1,6 +1,7 @@
 #include "admin/pantallas/frmUtiParametros.h"
 #include "Apoyo.h"
 #include "Capturas.h"
+#include "admin/ApoyoParametros.h"
 #include "admin/ParSat.h"
 #include "admin/pantallas/frmUtiEmpresas.h"
 #include "db/EmpresaDemo.h"
@@ -52,16 +53,8 @@ protected:
     emp->grabadora.sentencias.clear();
     return f;
   }
-  QString Valor(const char *columna) {
-    return emp->Valor(
-        QStringLiteral("SELECT %1 FROM tblParametrosGenerales").arg(QLatin1String(columna)));
-  }
-  QStringList Avisos() const {
-    QStringList t;
-    for (const Mensaje &m : emp->mensajes.mostrados)
-      t << m.texto;
-    return t;
-  }
+  QString Valor(const char *columna) const { return ValorParametro(*emp, columna); }
+  QStringList Avisos() const { return emp->mensajes.Textos(); }
 
   std::unique_ptr<EmpresaPrueba> emp;
   ConexionPtr con;

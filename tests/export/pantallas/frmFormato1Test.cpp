@@ -80,12 +80,7 @@ protected:
     Tecla(f, Qt::Key_Space);
   }
   // The texts of the messages shown, in order.
-  QStringList Avisos() const {
-    QStringList textos;
-    for (const Mensaje &m : emp->mensajes.mostrados)
-      textos << m.texto;
-    return textos;
-  }
+  QStringList Avisos() const { return emp->mensajes.Textos(); }
   bool Activo(frmFormato1 &f, const char *clave) {
     return f.tlbCatalogo->Accion(QLatin1String(clave))->isEnabled();
   }
