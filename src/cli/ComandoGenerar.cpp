@@ -1,5 +1,6 @@
 #include "cli/ComandoGenerar.h"
 
+#include "cli/ComandoPoliza.h"
 #include "cli/Progreso.h"
 #include "journal/Arbol.h"
 #include "journal/Corrida.h"
@@ -10,8 +11,11 @@
 #include "shell/Sesion.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#include <QJsonArray>
 #include <QJsonObject>
+#include <QTemporaryDir>
 
 namespace cli {
 namespace {
@@ -24,8 +28,10 @@ int Generar(const Leidas &o, Contexto &ctx) {
     op.Al = op.Del; // the last date snaps to the first, as on the screen
   const QList<int> operaciones = o.Enteros(QStringLiteral("operaciones"));
 
+  // A rehearsal writes its log where it can show it, and nothing of its own stays.
+  const bool ensayo = o.Hay(QStringLiteral("ensayo"));
   SesionCli sesion;
-  const int entrada = IniciarSesion(o, sesion);
+  const int entrada = IniciarSesion(o, sesion, ensayo);
   if (entrada != kSalidaBien)
     return entrada;
 
@@ -34,10 +40,12 @@ int Generar(const Leidas &o, Contexto &ctx) {
   if (!op.DefinirFecha)
     op.FechaDefinida = Hoy();
   op.Actualizar = o.Hay(QStringLiteral("actualizar"));
-  op.Resumen = o.Texto(QStringLiteral("bitacora"));
+  QTemporaryDir temporal;
+  op.Resumen = ensayo ? QDir(temporal.path()).filePath(QStringLiteral("ensayo.txt"))
+                      : o.Texto(QStringLiteral("bitacora"));
   if (op.Resumen.isEmpty())
     op.Resumen = Bitacora::NombreBitacora(gNumEmp, op.FechaDefinida);
-  if (QFileInfo::exists(RutaNativa(op.Resumen)) && !o.Hay(QStringLiteral("agregar"))) {
+  if (!ensayo && QFileInfo::exists(RutaNativa(op.Resumen)) && !o.Hay(QStringLiteral("agregar"))) {
     ctx.err << CatalogoMensajes::Texto(5510) << " " << RutaNativa(op.Resumen)
             << "\nUse --agregar para añadir la corrida al final del archivo.\n";
     return kSalidaBitacoraExiste;
@@ -71,6 +79,32 @@ int Generar(const Leidas &o, Contexto &ctx) {
   ctx.linea = nullptr;
   if (!r.candado.isEmpty())
     return kSalidaGeneracionEnCurso;
+  if (ensayo) {
+    // The entries as the run would write them, read before all is undone.
+    QJsonArray polizas;
+    for (const auto &[tipo, folio] : generador.Escritas()) {
+      if (ctx.json) {
+        polizas.append(
+            QJsonObject{{QStringLiteral("tipo"), tipo}, {QStringLiteral("folio"), folio}});
+        continue;
+      }
+      EscribirPoliza(ctx.out, *corrida.Conexion, tipo, folio);
+      ctx.out << "\n";
+    }
+    corrida.Conexion->TerminarEnsayo();
+    QFile archivo(RutaNativa(op.Resumen));
+    const QString bitacora =
+        archivo.open(QIODevice::ReadOnly) ? DecodificarWindows1252(archivo.readAll()) : QString();
+    if (ctx.json) {
+      ctx.objeto.insert(QStringLiteral("ensayo"), true);
+      ctx.objeto.insert(QStringLiteral("polizas"), polizas);
+      ctx.objeto.insert(QStringLiteral("bitacora"), bitacora);
+      return kSalidaBien;
+    }
+    ctx.out << bitacora;
+    ctx.out << "Ensayo: se grabarían " << r.polizas << " pólizas; no se grabó nada.\n";
+    return kSalidaBien;
+  }
   // A log that couldn't be written was told about already, and isn't named as if it were.
   const QString bitacora =
       r.corrio && r.bitacoraEscrita
@@ -105,7 +139,8 @@ ComandoCli ComandoGenerar() {
       "toma todas las operaciones que tienen reglas. Escribe la bitácora de la corrida\n"
       "(TEMP\\ResumenPol<N>_<ddmmaaaa>.txt, o la de --bitacora) y termina con 6 si ya\n"
       "existe y no se dio --agregar, con 7 si otra generación de la empresa está en\n"
-      "curso.\n");
+      "curso. Con --ensayo muestra cada póliza que grabaría (los folios que tomaría)\n"
+      "y la bitácora, y deja la base de datos como estaba.\n");
   c.opciones = {OpcionEmpresa(false)};
   c.opciones += OpcionesEntrada();
   c.opciones += OpcionesPeriodo();
@@ -121,6 +156,11 @@ ComandoCli ComandoGenerar() {
                         QStringLiteral("pone esta fecha a todas las pólizas"), false},
                        {QStringLiteral("bitacora"), Valor::Texto, QStringLiteral("RUTA"),
                         QStringLiteral("archivo de la bitácora"), false},
+                       {QStringLiteral("ensayo"),
+                        Valor::Ninguno,
+                        {},
+                        QStringLiteral("muestra lo que se grabaría, sin grabar nada"),
+                        false},
                        {QStringLiteral("agregar"),
                         Valor::Ninguno,
                         {},

@@ -49,6 +49,10 @@ int MostrarPoliza(const Leidas &o, Contexto &ctx) {
   } else {
     folio = FormatoFolio(folio.toLongLong());
   }
+  if (!ctx.json) {
+    EscribirPoliza(ctx.out, con, tipo, folio);
+    return kSalidaBien;
+  }
   const std::optional<Poliza> p = LeerPoliza(con, folio, tipo);
   if (!p)
     throw ErrorFatal(QStringLiteral("No existe la póliza %1%2.").arg(tipo, folio));
@@ -58,50 +62,57 @@ int MostrarPoliza(const Leidas &o, Contexto &ctx) {
     debe += r.IMP_DEBE;
     haber += r.IMP_HABER;
   }
-
-  if (ctx.json) {
-    QJsonArray lineas;
-    for (const RenglonPoliza &r : renglones) {
-      const bool cargo = r.EsCargo();
-      lineas.append(QJsonObject{{QStringLiteral("rubro"), cargo ? r.RUBRO_DEBE : r.RUBRO_HABER},
-                                {QStringLiteral("cuenta"), cargo ? r.CUENTA_DEBE : r.CUENTA_HABER},
-                                {QStringLiteral("cargo"), Importe(r.IMP_DEBE)},
-                                {QStringLiteral("abono"), Importe(r.IMP_HABER)}});
-    }
-    ctx.objeto.insert(QStringLiteral("poliza"),
-                      QJsonObject{{QStringLiteral("tipo"), p->TIP_POLIZA},
-                                  {QStringLiteral("folio"), p->FOL_POLIZA},
-                                  {QStringLiteral("diario"), NombreTipoPoliza(p->TIP_POLIZA)},
-                                  {QStringLiteral("fecha"), p->FEC_POLIZA.toString(Qt::ISODate)},
-                                  {QStringLiteral("operacion"), p->COD_OPER},
-                                  {QStringLiteral("concepto"), p->CONCEP_POL},
-                                  {QStringLiteral("renglones"), lineas},
-                                  {QStringLiteral("sumas"),
-                                   QJsonObject{{QStringLiteral("cargo"), Importe(debe)},
-                                               {QStringLiteral("abono"), Importe(haber)}}}});
-    return kSalidaBien;
-  }
-  ctx.out << "Póliza " << p->TIP_POLIZA << p->FOL_POLIZA << " (" << NombreTipoPoliza(p->TIP_POLIZA)
-          << ") del " << p->FEC_POLIZA.toString(QStringLiteral("dd/MM/yyyy")) << ", operación "
-          << p->COD_OPER << ": " << p->CONCEP_POL << "\n";
-  ctx.out << "  " << QStringLiteral("Rubro").leftJustified(12)
-          << QStringLiteral("Cuenta").leftJustified(16)
-          << QStringLiteral("Cargo").rightJustified(14)
-          << QStringLiteral("Abono").rightJustified(14) << "\n";
+  QJsonArray lineas;
   for (const RenglonPoliza &r : renglones) {
     const bool cargo = r.EsCargo();
-    ctx.out << "  " << (cargo ? r.RUBRO_DEBE : r.RUBRO_HABER).leftJustified(12)
-            << (cargo ? r.CUENTA_DEBE : r.CUENTA_HABER).leftJustified(16)
-            << (cargo ? r.IMP_DEBE.Formato(u"#,##0.00") : QString()).rightJustified(14)
-            << (cargo ? QString() : r.IMP_HABER.Formato(u"#,##0.00")).rightJustified(14) << "\n";
+    lineas.append(QJsonObject{{QStringLiteral("rubro"), cargo ? r.RUBRO_DEBE : r.RUBRO_HABER},
+                              {QStringLiteral("cuenta"), cargo ? r.CUENTA_DEBE : r.CUENTA_HABER},
+                              {QStringLiteral("cargo"), Importe(r.IMP_DEBE)},
+                              {QStringLiteral("abono"), Importe(r.IMP_HABER)}});
   }
-  ctx.out << "  " << QStringLiteral("Sumas").leftJustified(28)
-          << debe.Formato(u"#,##0.00").rightJustified(14)
-          << haber.Formato(u"#,##0.00").rightJustified(14) << "\n";
+  ctx.objeto.insert(QStringLiteral("poliza"),
+                    QJsonObject{{QStringLiteral("tipo"), p->TIP_POLIZA},
+                                {QStringLiteral("folio"), p->FOL_POLIZA},
+                                {QStringLiteral("diario"), NombreTipoPoliza(p->TIP_POLIZA)},
+                                {QStringLiteral("fecha"), p->FEC_POLIZA.toString(Qt::ISODate)},
+                                {QStringLiteral("operacion"), p->COD_OPER},
+                                {QStringLiteral("concepto"), p->CONCEP_POL},
+                                {QStringLiteral("renglones"), lineas},
+                                {QStringLiteral("sumas"),
+                                 QJsonObject{{QStringLiteral("cargo"), Importe(debe)},
+                                             {QStringLiteral("abono"), Importe(haber)}}}});
   return kSalidaBien;
 }
 
 } // namespace
+
+void EscribirPoliza(QTextStream &out, Conexion &con, const QString &tipo, const QString &folio) {
+  const std::optional<Poliza> p = LeerPoliza(con, folio, tipo);
+  if (!p)
+    throw ErrorFatal(QStringLiteral("No existe la póliza %1%2.").arg(tipo, folio));
+  const std::vector<RenglonPoliza> renglones = LeerRenglones(con, p->FOL_POLIZA, p->TIP_POLIZA);
+  Dinero debe, haber;
+  for (const RenglonPoliza &r : renglones) {
+    debe += r.IMP_DEBE;
+    haber += r.IMP_HABER;
+  }
+  out << "Póliza " << p->TIP_POLIZA << p->FOL_POLIZA << " (" << NombreTipoPoliza(p->TIP_POLIZA)
+      << ") del " << p->FEC_POLIZA.toString(QStringLiteral("dd/MM/yyyy")) << ", operación "
+      << p->COD_OPER << ": " << p->CONCEP_POL << "\n";
+  out << "  " << QStringLiteral("Rubro").leftJustified(12)
+      << QStringLiteral("Cuenta").leftJustified(16) << QStringLiteral("Cargo").rightJustified(14)
+      << QStringLiteral("Abono").rightJustified(14) << "\n";
+  for (const RenglonPoliza &r : renglones) {
+    const bool cargo = r.EsCargo();
+    out << "  " << (cargo ? r.RUBRO_DEBE : r.RUBRO_HABER).leftJustified(12)
+        << (cargo ? r.CUENTA_DEBE : r.CUENTA_HABER).leftJustified(16)
+        << (cargo ? r.IMP_DEBE.Formato(u"#,##0.00") : QString()).rightJustified(14)
+        << (cargo ? QString() : r.IMP_HABER.Formato(u"#,##0.00")).rightJustified(14) << "\n";
+  }
+  out << "  " << QStringLiteral("Sumas").leftJustified(28)
+      << debe.Formato(u"#,##0.00").rightJustified(14)
+      << haber.Formato(u"#,##0.00").rightJustified(14) << "\n";
+}
 
 ComandoCli ComandoPoliza() {
   ComandoCli c;

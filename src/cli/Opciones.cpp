@@ -310,8 +310,10 @@ SesionCli AbrirEmpresa(const Leidas &opciones) {
   return sesion;
 }
 
-int IniciarSesion(const Leidas &opciones, SesionCli &sesion) {
+int IniciarSesion(const Leidas &opciones, SesionCli &sesion, bool ensayo) {
   sesion = AbrirEmpresa(opciones);
+  if (ensayo)
+    sesion.empresa->IniciarEnsayo();
   const ResultadoEntrada r =
       AceptarEntrada(*sesion.general, *sesion.empresa, opciones.Texto(QStringLiteral("usuario")),
                      opciones.Texto(QStringLiteral("clave")));

@@ -119,8 +119,10 @@ struct SesionCli {
 // first of the list), as the login's company selection does.
 SesionCli AbrirEmpresa(const Leidas &opciones);
 // AbrirEmpresa, then the login's acceptance with --usuario and --clave. Returns
-// kSalidaBien, or kSalidaEntrada when the user is refused (the message is shown).
-int IniciarSesion(const Leidas &opciones, SesionCli &sesion);
+// kSalidaBien, or kSalidaEntrada when the user is refused (the message is shown). With
+// ensayo the company's connection rehearses from before the login: nothing it writes
+// stays.
+int IniciarSesion(const Leidas &opciones, SesionCli &sesion, bool ensayo = false);
 
 // The options of a session: --empresa N, and with the login --usuario U, --clave P.
 OpcionCli OpcionEmpresa(bool requerida);

@@ -435,6 +435,7 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
     }
   }
   ++polizas_;
+  escritas_.emplace_back(regla.TipPoliza, folio);
   GrabarRenglones(folio);
   GrabarBitacora(folio, fecha);
   if (porDocumento) {

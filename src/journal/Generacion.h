@@ -6,6 +6,8 @@
 #include <QDateTime>
 #include <QString>
 #include <functional>
+#include <utility>
+#include <vector>
 
 struct Corrida;
 struct Documento;
@@ -69,6 +71,8 @@ public:
   void GrabarMovimiento(const QString &folio, const QDateTime &fecha);
 
   Bitacora &Log() { return bitacora_; }
+  // The entries written or redone by this run, as journal type and folio, in their order.
+  const std::vector<std::pair<QString, QString>> &Escritas() const { return escritas_; }
 
 private:
   QString Fecha(const QDateTime &f) const;
@@ -81,6 +85,7 @@ private:
   Bitacora bitacora_;
   AvanceGeneracion estado_;
   int polizas_ = 0;
+  std::vector<std::pair<QString, QString>> escritas_;
   bool detenida_ = false;
 };
 

@@ -315,8 +315,10 @@ void Conexion::InstalarGrabadora(Grabadora *g) { gGrabadora = g; }
 
 void Conexion::CerrarAlTerminar(Fase fase) noexcept {
   try {
-    if (fase == Fase::Transacciones)
+    if (fase == Fase::Transacciones) {
+      ensayo_ = false; // a rehearsal ends undone as well
       DeshacerTransaccion();
+    }
   } catch (const ErrorFatal &) {
     enTransaccion_ = false; // the engine undoes what was never confirmed
   }
@@ -399,17 +401,30 @@ void Conexion::IniciarTransaccion() {
 }
 
 void Conexion::ConfirmarTransaccion() {
-  if (!enTransaccion_)
+  if (!enTransaccion_ || ensayo_)
     return;
   enTransaccion_ = false;
   Transaccion(Paso::Confirmar);
 }
 
 void Conexion::DeshacerTransaccion() {
-  if (!enTransaccion_)
+  if (!enTransaccion_ || ensayo_)
     return;
   enTransaccion_ = false;
   Transaccion(Paso::Deshacer);
+}
+
+void Conexion::IniciarEnsayo() {
+  ConfirmarTransaccion();
+  IniciarTransaccion();
+  ensayo_ = true;
+}
+
+void Conexion::TerminarEnsayo() {
+  if (!ensayo_)
+    return;
+  ensayo_ = false;
+  DeshacerTransaccion();
 }
 
 void Conexion::Grabar(const QString &sql) const {

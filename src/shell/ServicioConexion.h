@@ -131,6 +131,10 @@ public:
   void ConfirmarTransaccion();
   void DeshacerTransaccion();
   bool EnTransaccion() const { return enTransaccion_; }
+  // A rehearsal: all that the connection writes from here on is undone by TerminarEnsayo,
+  // and the transactions begun and confirmed inside it do neither.
+  void IniciarEnsayo();
+  void TerminarEnsayo();
   // At a fatal end: the entry in work undone, then the connection closed.
   void CerrarAlTerminar(Fase fase) noexcept override;
 
@@ -166,6 +170,7 @@ private:
   std::vector<Compilada> compiladas_; // the most recently used last
   bool guardaCompiladas_ = false;
   bool enTransaccion_ = false;
+  bool ensayo_ = false;
   bool odbc_ = false;
   QString nombre_;
   int motor_;

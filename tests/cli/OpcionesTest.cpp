@@ -107,7 +107,7 @@ TEST_F(Opciones, EveryWrongCommandLineExitsOneNamingTheOptionAndChangesNothing) 
        "La opción --operacion espera un número entero: «x»."},
       {"eliminar", eli + L({"ya"}), "Sobra el argumento «ya»: el comando eliminar no lo espera."},
       // Unknown options and typos.
-      {"generar", gen + L({"--ensayo"}), "La opción --ensayo no existe en el comando generar."},
+      {"generar", gen + L({"--ensaya"}), "La opción --ensaya no existe en el comando generar."},
       {"generar", gen + L({"--actualisar"}),
        "La opción --actualisar no existe en el comando generar."},
       {"exportar", exp + L({"-x"}), "La opción -x no existe en el comando exportar."},
