@@ -17,13 +17,14 @@ struct TeclaBoton {
   QStyle::StandardPixmap imagen;
 };
 
-constexpr std::array<TeclaBoton, 8> kTeclas = {{
+constexpr std::array<TeclaBoton, 9> kTeclas = {{
     {"NVO", Qt::Key_F2, QStyle::SP_FileIcon},
     {"BUS", Qt::Key_F6, QStyle::SP_FileDialogContentsView},
     {"GRB", Qt::Key_F10, QStyle::SP_DialogSaveButton},
     {"BOR", Qt::Key_F3, QStyle::SP_TrashIcon},
     {"AYU", Qt::Key_F1, QStyle::SP_DialogHelpButton},
     {"SAL", Qt::Key_Escape, QStyle::SP_DialogCloseButton},
+    {"VPR", Qt::Key_F5, QStyle::SP_FileDialogContentsView},
     // The steps of a wizard, back and on, as a browser goes through its pages.
     {"FLI", Qt::AltModifier | Qt::Key_Left, QStyle::SP_ArrowBack},
     {"FLD", Qt::AltModifier | Qt::Key_Right, QStyle::SP_ArrowForward},

@@ -10,7 +10,7 @@ class QWidget;
 
 // One button of a screen's toolbar.
 struct BotonBarra {
-  QString clave;   // "NVO", "BUS", "GRB", "BOR", "AYU", "SAL", "FLI", "FLD", or the screen's own
+  QString clave;   // "NVO", "BUS", "GRB", "BOR", "AYU", "SAL", "VPR", "FLI", "FLD", or another
   QString leyenda; // caption under the picture ("F10"); may be empty
   QString tip;     // tool tip
   // What pressing it does. "AYU" opens the manual and "SAL" closes the window when the
@@ -19,8 +19,9 @@ struct BotonBarra {
 };
 
 // The toolbar of a screen. The screen declares its buttons, and the function keys press
-// them anywhere in the window: F2 "NVO", F6 "BUS", F10 "GRB", F3 "BOR", F1 "AYU" and Esc
-// "SAL"; the steps of a wizard go back with Alt+Left "FLI" and on with Alt+Right "FLD". A key
+// them anywhere in the window: F2 "NVO", F6 "BUS", F10 "GRB", F3 "BOR", F1 "AYU", Esc
+// "SAL" and F5 "VPR" (a preview); the steps of a wizard go back with Alt+Left "FLI" and on
+// with Alt+Right "FLD". A key
 // presses its button only while the button and the toolbar are enabled, and then the key goes no
 // further; a key whose button the screen hasn't goes on as usual.
 class BarraPantalla : public QToolBar {

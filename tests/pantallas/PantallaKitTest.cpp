@@ -245,6 +245,7 @@ TEST(BarraPantalla, TheButtonsCarryTheirCaptionsTipsAndPictures) {
             (Qt::AltModifier | Qt::Key_Left).toCombined());
   EXPECT_EQ(BarraPantalla::TeclaDe(QStringLiteral("FLD")),
             (Qt::AltModifier | Qt::Key_Right).toCombined());
+  EXPECT_EQ(BarraPantalla::TeclaDe(QStringLiteral("VPR")), Qt::Key_F5);
   EXPECT_EQ(BarraPantalla::TeclaDe(QStringLiteral("XYZ")), 0);
 }
 

@@ -1,5 +1,7 @@
 #include "journal/pantallas/frmGenerarPolizas.h"
 
+#include "journal/pantallas/frmVistaPrevia.h"
+
 #include "journal/Bitacora.h"
 #include "journal/Documentos.h"
 #include "journal/Generacion.h"
@@ -23,6 +25,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTemporaryDir>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 #include <optional>
@@ -43,6 +46,8 @@ frmGenerarPolizas::frmGenerarPolizas(QWidget *padre) : QDialog(padre), cdgBuscar
   tlbCatalogo = new BarraPantalla(
       this, {{QStringLiteral("GRB"), QStringLiteral("F10"), QStringLiteral("Generar Pólizas"),
               [this] { GenerarPolizas(); }},
+             {QStringLiteral("VPR"), QStringLiteral("F5"), QStringLiteral("Vista previa"),
+              [this] { VistaPrevia(); }},
              {QStringLiteral("AYU"), QStringLiteral("F1"), QStringLiteral("Ayuda")},
              {QStringLiteral("SAL"), QStringLiteral("Esc"), QStringLiteral("Salir")}});
 
@@ -232,6 +237,40 @@ void frmGenerarPolizas::GenerarPolizas() {
                              5509) == RespuestaMensaje::Si)
     AbrirArchivo(this, resultado.bitacora);
   CargarOperaciones();
+}
+
+void frmGenerarPolizas::VistaPrevia() {
+  // The log of a rehearsal is its own, and goes with it.
+  QTemporaryDir temporal;
+  OpcionesGeneracion opciones = Opciones();
+  opciones.Resumen = QDir(temporal.path()).filePath(QStringLiteral("vista_previa.txt"));
+  std::vector<PolizaPrevista> polizas;
+  tlbCatalogo->setEnabled(false);
+  {
+    std::optional<RelojArena> reloj;
+    TareaEnCurso tarea(avance_);
+    Generador generador(corrida_, opciones);
+    generador.avance = [&tarea, &reloj](const AvanceGeneracion &avance) {
+      if (!reloj)
+        reloj.emplace();
+      MostrarAvance(tarea, avance);
+    };
+    generador.detener = [&tarea] { return tarea.Detenida(); };
+    Conexion &con = *corrida_.Conexion;
+    con.IniciarEnsayo();
+    const ResultadoGeneracion resultado = generador.GenerarPolizas(arbol_);
+    // The entries as the run wrote them, read before all of it is undone.
+    if (resultado.corrio)
+      for (const auto &[tipo, folio] : generador.Escritas())
+        if (const std::optional<Poliza> p = LeerPoliza(con, folio, tipo))
+          polizas.push_back({*p, LeerRenglones(con, folio, tipo)});
+    con.TerminarEnsayo();
+  }
+  tlbCatalogo->setEnabled(true);
+  CargarOperaciones();
+  frmVistaPrevia vista(polizas, this);
+  if (vista.exec() == QDialog::Accepted)
+    GenerarPolizas();
 }
 
 void frmGenerarPolizas::MostrarAvance(TareaEnCurso &tarea, const AvanceGeneracion &avance) {

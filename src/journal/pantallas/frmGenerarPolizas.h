@@ -62,6 +62,9 @@ private:
   void optFechaPol_Click();
   void cmdBusca_Click();
   void GenerarPolizas();
+  // "Vista previa" (F5): the run rehearsed, its entries shown, nothing written; from the
+  // preview the run may be posted for real.
+  void VistaPrevia();
   static void MostrarAvance(TareaEnCurso &tarea, const AvanceGeneracion &avance);
 
   Corrida corrida_;

@@ -1,6 +1,7 @@
 #include "journal/pantallas/frmGenerarPolizas.h"
 #include "Capturas.h"
 #include "journal/FixtureGeneracion.h"
+#include "journal/pantallas/frmVistaPrevia.h"
 #include "pantallas/Apostrofos.h"
 #include "pantallas/PantallaBarra.h"
 #include "pantallas/Pantallas.h"
@@ -21,6 +22,7 @@
 #include <QStyle>
 #include <QStyleOptionViewItem>
 #include <QTest>
+#include <QTimer>
 #include <QTreeWidget>
 #include <QTreeWidgetItemIterator>
 #include <QUrl>
@@ -170,7 +172,7 @@ TEST_P(PantallaGeneracion, TheLoadSetsTodayReadsTheSourcesNamesTheLogAndFillsThe
   QStringList botones;
   for (QAction *a : f.tlbCatalogo->actions())
     botones << a->objectName() + QLatin1Char('=') + a->text();
-  EXPECT_EQ(botones, L({"GRB=F10", "AYU=F1", "SAL=Esc"}));
+  EXPECT_EQ(botones, L({"GRB=F10", "VPR=F5", "AYU=F1", "SAL=Esc"}));
   EXPECT_TRUE(emp->mensajes.mostrados.empty());
 }
 
@@ -523,6 +525,78 @@ TEST_P(PantallaGeneracion, AFailureDuringTheRunEndsItWithWhatWasWritten) {
   EXPECT_TRUE(emp->mensajes.mostrados.empty());
   // The log's head was written before the rule was read.
   EXPECT_TRUE(Leer(bitacora).contains(QStringLiteral("Actualizar Pólizas = No\r\n")));
+}
+
+// ------------------------------------------------------------------ the preview
+
+TEST_P(PantallaGeneracion, FFiveShowsWhatTheRunWouldPostAndWritesNothing) {
+  Gasto("G-1", d3(), "800");
+  Gasto("G-2", d10(), "150.50");
+  auto f = Abrir();
+  Octubre(*f);
+  ClicCasilla(*f, kGastos);
+  const QStringList antes = Filas("SELECT COD_FOLIO,FOL_FOLIOS FROM tblFolios ORDER BY COD_FOLIO");
+  QStringList vistas;
+  QString totales;
+  // The preview comes after the rehearsed run, which lets events through as it goes: the
+  // window is looked for until it is there.
+  const auto revisar = [&](bool contabilizar) {
+    QTimer espera;
+    QObject::connect(&espera, &QTimer::timeout, [&, contabilizar] {
+      auto *v = dynamic_cast<frmVistaPrevia *>(QApplication::activeModalWidget());
+      if (!v)
+        return;
+      espera.stop();
+      vistas.clear();
+      for (int i = 0; i < v->tvwPolizas->topLevelItemCount(); ++i) {
+        QTreeWidgetItem *p = v->tvwPolizas->topLevelItem(i);
+        vistas << p->text(0) + QLatin1Char('|') + p->text(3) + QLatin1Char('|') + p->text(4) +
+                      QLatin1Char('|') + QString::number(p->childCount());
+      }
+      totales = v->lblTotales->text();
+      GuardarCaptura(v, QStringLiteral("frmVistaPrevia"));
+      (contabilizar ? v->cmdContabilizar : v->cmdCerrar)->click();
+    });
+    espera.start(10);
+    Tecla(*f, Qt::Key_F5);
+  };
+  revisar(false);
+  EXPECT_EQ(vistas, L({"E00000000001|800.00|800.00|2", "E00000000002|150.50|150.50|2"}));
+  EXPECT_EQ(totales, QStringLiteral("Pólizas: 2   Cargos: 950.50   Abonos: 950.50"));
+  // Nothing was written: no entry, no document stamped, no folio taken, no log.
+  EXPECT_EQ(emp->Contar(QStringLiteral("tblPolizasEnc")), 0);
+  EXPECT_EQ(Filas("SELECT FOL_MOV FROM tblGastosEnc WHERE CONTAB<>0"), QStringList());
+  EXPECT_EQ(Filas("SELECT COD_FOLIO,FOL_FOLIOS FROM tblFolios ORDER BY COD_FOLIO"), antes);
+  EXPECT_FALSE(QFileInfo::exists(RutaNativa(f->txtResumen->text())));
+  // "Contabilizar" posts what was shown.
+  revisar(true);
+  EXPECT_EQ(Filas("SELECT TIP_POLIZA,FOL_POLIZA FROM tblPolizasEnc ORDER BY FOL_POLIZA"),
+            L({"E|00000000001", "E|00000000002"}));
+  EXPECT_EQ(Filas("SELECT FOL_MOV FROM tblGastosEnc WHERE CONTAB<>0 ORDER BY FOL_MOV"),
+            L({"G-1", "G-2"}));
+}
+
+TEST(VistaPrevia, AnUnbalancedEntryStandsInRedWithItsDifference) {
+  PolizaPrevista p;
+  p.poliza.TIP_POLIZA = QStringLiteral("D");
+  p.poliza.FOL_POLIZA = QStringLiteral("00000000007");
+  p.poliza.CONCEP_POL = QStringLiteral("AJUSTE");
+  RenglonPoliza cargo;
+  cargo.RUBRO_DEBE = QStringLiteral("1-01");
+  cargo.IMP_DEBE = Dinero::DeEntero(100);
+  RenglonPoliza abono;
+  abono.RUBRO_HABER = QStringLiteral("2-01");
+  abono.IMP_HABER = Dinero::DeEntero(90);
+  p.renglones = {cargo, abono};
+  frmVistaPrevia v({p});
+  QTreeWidgetItem *poliza = v.tvwPolizas->topLevelItem(0);
+  EXPECT_EQ(poliza->text(2), QStringLiteral("AJUSTE  (diferencia 10.00)"));
+  EXPECT_EQ(poliza->foreground(0).color(), QColor(Qt::red));
+  EXPECT_EQ(v.lblTotales->text(),
+            QStringLiteral("Pólizas: 1   Cargos: 100.00   Abonos: 90.00   Descuadradas: 1"));
+  // With nothing to post, there is nothing to confirm.
+  frmVistaPrevia vacia({});
+  EXPECT_FALSE(vacia.cmdContabilizar->isEnabled());
 }
 
 INSTANTIATE_TEST_SUITE_P(Motores, PantallaGeneracion, testing::ValuesIn(MotoresDePrueba()),
