@@ -1,5 +1,7 @@
 #include "db/Esquema.h"
 
+#include <string_view>
+
 // Each table carries the columns that the statements of this program name,
 // and no more: the rest of a sibling module's table is that module's affair.
 // Codes that the statements put between apostrophes are text; codes written
@@ -1286,6 +1288,17 @@ const std::vector<Tabla> &TablasReferencia() {
        {{"IX_tblTablas_1", {"Numero"}}}},
   };
   return tablas;
+}
+
+int Largo(const char *tabla, const char *columna) {
+  for (const Tabla &t : TablasEmpresa()) {
+    if (std::string_view(t.nombre) != tabla)
+      continue;
+    for (const Columna &c : t.columnas)
+      if (std::string_view(c.nombre) == columna)
+        return c.tipo == Tipo::Texto ? c.largo : 0;
+  }
+  return 0;
 }
 
 } // namespace esquema

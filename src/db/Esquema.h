@@ -29,6 +29,8 @@ struct Tabla {
 
 // Tables of a company database.
 const std::vector<Tabla> &TablasEmpresa();
+// The characters a text column of a company table holds; 0 for any other column.
+int Largo(const char *tabla, const char *columna);
 // Tables of the general database (Nimbar.mdb).
 const std::vector<Tabla> &TablasGeneral();
 // Tables of the reference database (Referencia.mdb).

@@ -104,6 +104,13 @@ TEST(ConstructorBD, EachEngineGetsItsOwnDialect) {
                            "\"NOTA\" TEXT)"));
 }
 
+TEST(Esquema, TheLengthOfATextColumnAndNoneForTheRest) {
+  EXPECT_EQ(esquema::Largo("tblParametrosGenerales", "FE_USUARIO"), 50);
+  EXPECT_EQ(esquema::Largo("tblTcTerminales", "NUM_TERMINAL"), 20);
+  EXPECT_EQ(esquema::Largo("tblParametrosGenerales", "FE_VERSION"), 0);
+  EXPECT_EQ(esquema::Largo("tblNoExiste", "X"), 0);
+}
+
 class EsquemaEnMotor : public testing::TestWithParam<std::string> {};
 
 TEST_P(EsquemaEnMotor, EveryTableIsThereAndOrdenCreaGrowsWithEachInsertion) {

@@ -1,6 +1,7 @@
 #include "admin/pantallas/frmUtiParametros.h"
 
 #include "admin/Servicios.h"
+#include "db/Esquema.h"
 #include "pantallas/EditorFecha.h"
 #include "pantallas/EditorFlotante.h"
 #include "pantallas/PantallaCombos.h"
@@ -713,6 +714,16 @@ frmUtiParametros::frmUtiParametros(QWidget *padre)
         return;
       }
   };
+  // A box takes no more than its column holds.
+  const std::pair<QLineEdit *, const char *> columnas[] = {{txtSerieFE, "FE_WEBSERVURL"},
+                                                           {txtFactElectronica[3], "FE_USUARIO"},
+                                                           {txtRutaXML, "FE_RUTAXML"}};
+  for (const auto &[caja, columna] : columnas)
+    caja->setMaxLength(esquema::Largo("tblParametrosGenerales", columna));
+  txtUsuarioTVE->setMaxLength(esquema::Largo("tblServiciosElec", "TVE_USUARIO"));
+  txtNumTerminal->setMaxLength(esquema::Largo("tblTcTerminales", "NUM_TERMINAL"));
+  txtIdClienteTC->setMaxLength(esquema::Largo("tblTcTerminales", "ID_CLIENTE"));
+
   connect(fmeDatos, &QTabWidget::currentChanged, this, [this, primero](int i) {
     // Entering the services shows the portal first.
     if (i == 1)

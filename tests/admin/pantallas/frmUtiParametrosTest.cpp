@@ -152,6 +152,9 @@ TEST_P(PantallaParametros, TheServicesOpenOnThePortalAndTerminalsGoWithTheCard) 
   EXPECT_EQ(Valor("TC_IDSITIO"), QStringLiteral("sitio2"));
   f->cmdAgregarTerminal->click();
   ASSERT_EQ(f->tvwPromociones->topLevelItemCount(), 1);
+  // A number longer than its column doesn't fit in the box.
+  QTest::keyClicks(f->txtNumTerminal, QStringLiteral("1234567890123456789012345"));
+  EXPECT_EQ(f->txtNumTerminal->text().size(), 20);
   f->txtNumTerminal->setText(QStringLiteral("T-1"));
   f->tvwPromociones->topLevelItem(0)->setCheckState(0, Qt::Checked);
   f->cmdTerminal[0]->click();
