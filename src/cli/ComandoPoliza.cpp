@@ -15,6 +15,24 @@ namespace {
 // Amounts go into JSON as their exact decimal text, never as a binary fraction.
 QJsonValue Importe(Dinero d) { return d.Texto(); }
 
+// An entry with its lines and sums; fatal when it doesn't exist.
+struct Leida {
+  Poliza poliza;
+  std::vector<RenglonPoliza> renglones;
+  Dinero debe, haber;
+};
+Leida Leer(Conexion &con, const QString &tipo, const QString &folio) {
+  const std::optional<Poliza> p = LeerPoliza(con, folio, tipo);
+  if (!p)
+    throw ErrorFatal(QStringLiteral("No existe la póliza %1%2.").arg(tipo, folio));
+  Leida l{*p, LeerRenglones(con, p->FOL_POLIZA, p->TIP_POLIZA), {}, {}};
+  for (const RenglonPoliza &r : l.renglones) {
+    l.debe += r.IMP_DEBE;
+    l.haber += r.IMP_HABER;
+  }
+  return l;
+}
+
 int MostrarPoliza(const Leidas &o, Contexto &ctx) {
   const QString dado = o.Texto(QStringLiteral("folio"));
   if (!dado.isEmpty() && !o.Hay(QStringLiteral("tipo"))) {
@@ -53,15 +71,10 @@ int MostrarPoliza(const Leidas &o, Contexto &ctx) {
     EscribirPoliza(ctx.out, con, tipo, folio);
     return kSalidaBien;
   }
-  const std::optional<Poliza> p = LeerPoliza(con, folio, tipo);
-  if (!p)
-    throw ErrorFatal(QStringLiteral("No existe la póliza %1%2.").arg(tipo, folio));
-  const std::vector<RenglonPoliza> renglones = LeerRenglones(con, p->FOL_POLIZA, p->TIP_POLIZA);
-  Dinero debe, haber;
-  for (const RenglonPoliza &r : renglones) {
-    debe += r.IMP_DEBE;
-    haber += r.IMP_HABER;
-  }
+  const Leida l = Leer(con, tipo, folio);
+  const Poliza *p = &l.poliza;
+  const std::vector<RenglonPoliza> &renglones = l.renglones;
+  const Dinero debe = l.debe, haber = l.haber;
   QJsonArray lineas;
   for (const RenglonPoliza &r : renglones) {
     const bool cargo = r.EsCargo();
@@ -87,15 +100,10 @@ int MostrarPoliza(const Leidas &o, Contexto &ctx) {
 } // namespace
 
 void EscribirPoliza(QTextStream &out, Conexion &con, const QString &tipo, const QString &folio) {
-  const std::optional<Poliza> p = LeerPoliza(con, folio, tipo);
-  if (!p)
-    throw ErrorFatal(QStringLiteral("No existe la póliza %1%2.").arg(tipo, folio));
-  const std::vector<RenglonPoliza> renglones = LeerRenglones(con, p->FOL_POLIZA, p->TIP_POLIZA);
-  Dinero debe, haber;
-  for (const RenglonPoliza &r : renglones) {
-    debe += r.IMP_DEBE;
-    haber += r.IMP_HABER;
-  }
+  const Leida l = Leer(con, tipo, folio);
+  const Poliza *p = &l.poliza;
+  const std::vector<RenglonPoliza> &renglones = l.renglones;
+  const Dinero debe = l.debe, haber = l.haber;
   out << "Póliza " << p->TIP_POLIZA << p->FOL_POLIZA << " (" << NombreTipoPoliza(p->TIP_POLIZA)
       << ") del " << p->FEC_POLIZA.toString(QStringLiteral("dd/MM/yyyy")) << ", operación "
       << p->COD_OPER << ": " << p->CONCEP_POL << "\n";
