@@ -782,6 +782,7 @@ frmUtiParametros::~frmUtiParametros() = default;
 void frmUtiParametros::CargarParametros() {
   Conexion &con = *conexion_;
   const parametros::Parametros p = parametros::CargarParametros(con);
+  cancelacionSat_ = p.cancelacionSat;
   chkLim->setChecked(p.limiteRenglones != 0);
   txtLimite->setText(QString::number(p.limiteRenglones));
   chkTolera->setChecked(p.toleranciaPromo != 0);
@@ -902,7 +903,7 @@ parametros::Parametros frmUtiParametros::Parametros() const {
   p.unidadCfdi = chkUnidadFE->isChecked();
   p.folioNumericoCfdi = chkFolioNumFE->isChecked();
   p.activoIeps = chkActivoIEPS->isChecked();
-  p.cancelacionSat = parametros::CargarParametros(*conexion_).cancelacionSat;
+  p.cancelacionSat = cancelacionSat_;
   p.alertaCaducidad = chkCaducidad->isChecked();
   p.diasCaducidad = Entero(txtDiasCad);
   p.minutosCaducidad = Entero(txtHorasCad);

@@ -134,5 +134,6 @@ private:
   ConexionPtr conexion_;
   parametros::Empresa empresa_;
   bool cambioSinValidar_ = false;
+  bool cancelacionSat_ = false; // FE_CANCELASAT has no box: it is saved as it was read
   int horasMapa_ = -6;
 };
