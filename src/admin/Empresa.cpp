@@ -583,8 +583,7 @@ bool CambiarEmpresa(int numEmp) {
   ServicioConexion servicio;
   // The user leaves the company he is in, whatever comes next.
   if (!gConexion.isEmpty()) {
-    servicio.Motor = gMotor;
-    ConexionPtr actual = servicio.AbrirConexion(gConexion);
+    ConexionPtr actual = ServicioConexion::AbrirConexionSesion();
     actual->Ejecutar(usuario.arg(Q(gCodUsu), QStringLiteral("0")));
   }
   QString conexion;

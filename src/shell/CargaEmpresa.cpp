@@ -216,8 +216,7 @@ void CargarServicios(int caja) {
   auto claro = [](const QString &guardado) {
     return guardado.isEmpty() ? guardado : Desencriptar(guardado);
   };
-  ServicioConexion servicio;
-  ConexionPtr con = servicio.AbrirConexion(gConexion);
+  ConexionPtr con = ServicioConexion::AbrirConexionSesion();
   {
     Registros r = con->Abrir(QStringLiteral("SELECT * FROM tblServiciosElec;"));
     if (!r.Vacio()) {

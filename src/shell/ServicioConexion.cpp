@@ -627,6 +627,12 @@ ConexionPtr ServicioConexion::AbrirConexion(const QString &conexion) const {
   return Abrir(d, conexion);
 }
 
+ConexionPtr ServicioConexion::AbrirConexionSesion() {
+  ServicioConexion servicio;
+  servicio.Motor = gMotor;
+  return servicio.AbrirConexion(gConexion);
+}
+
 ConexionPtr ServicioConexion::AbrirConexionGeneral(const QString &conexion) const {
   return Abrir(Traducir(conexion, gRutaApp, {}), conexion);
 }

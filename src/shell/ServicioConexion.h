@@ -197,6 +197,8 @@ public:
 
   // Opens a company connection on a stored connection text (password in plain).
   ConexionPtr AbrirConexion(const QString &conexion) const;
+  // A new connection to the company the session has open: gConexion on gMotor.
+  static ConexionPtr AbrirConexionSesion();
   void CerrarConexion(ConexionPtr &conexion) const { conexion.reset(); }
   // Opens the general database on gConexionGeneral.
   ConexionPtr AbrirConexionGeneral(const QString &conexion) const;

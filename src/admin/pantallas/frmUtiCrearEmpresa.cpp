@@ -458,9 +458,7 @@ frmUtiCrearEmpresa::~frmUtiCrearEmpresa() = default;
 void frmUtiCrearEmpresa::CargarListas() {
   if (gConexion.isEmpty())
     return;
-  ServicioConexion servicio;
-  servicio.Motor = gMotor;
-  ConexionPtr con = servicio.AbrirConexion(gConexion);
+  ConexionPtr con = ServicioConexion::AbrirConexionSesion();
   const QString ciudades = QStringLiteral("SELECT COD_CID,DES_CID FROM tblCiudad ORDER BY COD_CID");
   const QString estados = QStringLiteral("SELECT COD_EST,DES_EST FROM tblEstado ORDER BY COD_EST");
   const QString paises = QStringLiteral("SELECT COD_PAIS,DES_PAIS FROM tblPais ORDER BY COD_PAIS;");

@@ -177,8 +177,7 @@ void frmUtiEmpresas::RecargarEmpresa() {
   if (!gConexion.isEmpty()) {
     ServicioConexion servicio;
     ConexionPtr general = servicio.AbrirConexionGeneral(gConexionGeneral);
-    servicio.Motor = gMotor;
-    ConexionPtr con = servicio.AbrirConexion(gConexion);
+    ConexionPtr con = ServicioConexion::AbrirConexionSesion();
     CargarEmpresa(*general, *con, gNumEmp);
   }
   LlenarEmpresas();

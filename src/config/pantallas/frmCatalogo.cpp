@@ -74,9 +74,7 @@ frmCatalogo::frmCatalogo(QWidget *padre) : QDialog(padre), busqueda(&frmBuscar::
   txtDesRubro->installEventFilter(this);
   txtNumCuenta->installEventFilter(this);
 
-  ServicioConexion servicio;
-  servicio.Motor = gMotor;
-  conexion_ = servicio.AbrirConexion(gConexion);
+  conexion_ = ServicioConexion::AbrirConexionSesion();
   cmbRubros->addItems(PadresDeRubros(*conexion_));
   cmbRubros->setCurrentIndex(-1); // nothing chosen at the opening
   connect(cmbRubros, &QComboBox::currentIndexChanged, this, [this](int indice) {

@@ -156,9 +156,7 @@ frmDefinirAsientos::frmDefinirAsientos(QWidget *padre) : QDialog(padre) {
     CargarDefinicion();
   });
 
-  ServicioConexion servicio;
-  servicio.Motor = gMotor;
-  conexion_ = servicio.AbrirConexion(gConexion);
+  conexion_ = ServicioConexion::AbrirConexionSesion();
   IniciarDefinicion();
 }
 

@@ -47,9 +47,7 @@ frmDiarios::frmDiarios(QWidget *padre) : QDialog(padre) {
   resize(620, 360);
   new RechazoApostrofe(this);
 
-  ServicioConexion servicio;
-  servicio.Motor = gMotor;
-  conexion_ = servicio.AbrirConexion(gConexion);
+  conexion_ = ServicioConexion::AbrirConexionSesion();
   for (const TipoPoliza &t : LeerTiposPoliza(*conexion_)) {
     const int fila = flxFolios->rowCount();
     flxFolios->insertRow(fila);

@@ -340,9 +340,7 @@ frmFormato1::frmFormato1(QWidget *padre) : QDialog(padre) {
   ReglasLongitud();
 
   EstadoBotones();
-  ServicioConexion servicio;
-  servicio.Motor = gMotor;
-  conexion_ = servicio.AbrirConexion(gConexion);
+  conexion_ = ServicioConexion::AbrirConexionSesion();
   LeerFormato();
   MostrarPaso(1);
 }

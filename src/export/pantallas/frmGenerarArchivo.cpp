@@ -92,9 +92,7 @@ frmGenerarArchivo::frmGenerarArchivo(QWidget *padre) : QDialog(padre), cdgArchiv
   new EnterSiguiente(this);
   cmbOperaciones->AlCambiar([this] { LlenarConceptos(); });
 
-  ServicioConexion servicio;
-  servicio.Motor = gMotor;
-  conexion_ = servicio.AbrirConexion(gConexion);
+  conexion_ = ServicioConexion::AbrirConexionSesion();
   CargarTiposYOperaciones(*conexion_, cmbFolios, cmbOperaciones);
 }
 

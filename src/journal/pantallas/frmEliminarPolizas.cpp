@@ -60,9 +60,7 @@ frmEliminarPolizas::frmEliminarPolizas(QWidget *padre) : QDialog(padre) {
   new EnterSiguiente(this);
   cmbOperaciones->AlCambiar([this] { CargarConceptos(); });
 
-  ServicioConexion servicio;
-  servicio.Motor = gMotor;
-  conexion_ = servicio.AbrirConexion(gConexion);
+  conexion_ = ServicioConexion::AbrirConexionSesion();
   CargarTiposYOperaciones(*conexion_, cmbFolios, cmbOperaciones);
 }
 

@@ -134,9 +134,7 @@ frmGenerarPolizas::frmGenerarPolizas(QWidget *padre) : QDialog(padre), cdgBuscar
           [this](QTreeWidgetItem *item) { tvwOperaciones_ItemCheck(item); });
   connect(cmdBusca, &QPushButton::clicked, this, [this] { cmdBusca_Click(); });
 
-  ServicioConexion servicio;
-  servicio.Motor = gMotor;
-  corrida_.Conexion = servicio.AbrirConexion(gConexion);
+  corrida_.Conexion = ServicioConexion::AbrirConexionSesion();
   CargarOperaciones();
   CargarArbol();
 }

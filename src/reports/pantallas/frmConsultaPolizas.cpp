@@ -128,9 +128,7 @@ frmConsultaPolizas::frmConsultaPolizas(QWidget *padre)
   new RechazoApostrofe(this);
   new EnterSiguiente(this);
 
-  ServicioConexion servicio;
-  servicio.Motor = gMotor;
-  conexion_ = servicio.AbrirConexion(gConexion);
+  conexion_ = ServicioConexion::AbrirConexionSesion();
   empresa_ = LeerEncabezadoEmpresa(*conexion_);
   conceptos_ = CargarConceptos(*conexion_);
 

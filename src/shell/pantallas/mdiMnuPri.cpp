@@ -43,12 +43,6 @@ constexpr ItemMenu kMenus[] = {
     {"mnuDefinicion", "Definición", "mnuCatalogo", "Catálogo"},
 };
 
-ConexionPtr AbrirEmpresa() {
-  ServicioConexion servicio;
-  servicio.Motor = gMotor;
-  return servicio.AbrirConexion(gConexion);
-}
-
 } // namespace
 
 mdiMnuPri::mdiMnuPri(QWidget *padre) : QMainWindow(padre) {
@@ -110,7 +104,7 @@ mdiMnuPri::mdiMnuPri(QWidget *padre) : QMainWindow(padre) {
 void mdiMnuPri::Cargar() {
   setWindowTitle(QStringLiteral("Escribano v.") + QLatin1String(kVersionPrograma));
   MostrarUsuario();
-  ConexionPtr con = AbrirEmpresa();
+  ConexionPtr con = ServicioConexion::AbrirConexionSesion();
   MostrarNombreEmpresa(*con);
   VerificarClavesDuplicadas(*con);
   VerificarConfiguracionCFDI(*con, gModulo);
@@ -121,7 +115,7 @@ void mdiMnuPri::MostrarUsuario() {
   Panel(4)->setText(gCodUsu.trimmed());
   if (gConexion.isEmpty())
     return;
-  ConexionPtr con = AbrirEmpresa();
+  ConexionPtr con = ServicioConexion::AbrirConexionSesion();
   con->Ejecutar(
       QStringLiteral("UPDATE tblUsuarios SET ESTATUS=2 WHERE COD_USU='%1';").arg(Escapar(gCodUsu)));
   Registros r =
@@ -132,7 +126,7 @@ void mdiMnuPri::MostrarUsuario() {
 }
 
 void mdiMnuPri::MostrarEmpresa(int caja) {
-  ConexionPtr con = AbrirEmpresa();
+  ConexionPtr con = ServicioConexion::AbrirConexionSesion();
   MostrarNombreEmpresa(*con);
   if (caja > 0)
     Panel(6)->setText(QStringLiteral("CAJA: %1").arg(caja));
@@ -155,7 +149,7 @@ bool mdiMnuPri::ConfirmarSalida() {
                              true) != RespuestaMensaje::Si)
     return true;
   RelojArena reloj;
-  ConexionPtr con = AbrirEmpresa();
+  ConexionPtr con = ServicioConexion::AbrirConexionSesion();
   con->Ejecutar(
       QStringLiteral("UPDATE tblUsuarios SET ESTATUS=0 WHERE COD_USU='%1';").arg(Escapar(gCodUsu)));
   return false;
