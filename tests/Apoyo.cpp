@@ -94,6 +94,14 @@ ConexionPtr EmpresaPrueba::Abrir() const {
   return s.AbrirConexion(conexion_);
 }
 
+ConexionPtr EmpresaPrueba::AbrirComoAdmin(const QString &claveAdmin) const {
+  ConexionPtr con = Abrir();
+  demo::LlenarIdentidad(*con, claveAdmin);
+  gCodUsu = QStringLiteral("ADMIN");
+  gNumEmp = 1;
+  return con;
+}
+
 ConexionPtr EmpresaPrueba::AbrirGeneral() const {
   ServicioConexion s;
   return s.AbrirConexionGeneral(gConexionGeneral);

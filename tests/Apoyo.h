@@ -31,6 +31,9 @@ public:
   int Motor() const { return motorNum_; }
   // A new connection to the company database.
   ConexionPtr Abrir() const;
+  // Abrir, with the company's identity filled (ADMIN's password claveAdmin) and the session
+  // as ADMIN in company 1, as the login leaves it.
+  ConexionPtr AbrirComoAdmin(const QString &claveAdmin) const;
   // A new connection to the general database.
   ConexionPtr AbrirGeneral() const;
   // The single value of a query, as text.

@@ -84,10 +84,7 @@ class Empresas : public testing::TestWithParam<std::string> {
 protected:
   void SetUp() override {
     emp = std::make_unique<EmpresaPrueba>(GetParam());
-    con = emp->Abrir();
-    demo::LlenarIdentidad(*con, QStringLiteral("clave"));
-    gCodUsu = QStringLiteral("ADMIN");
-    gNumEmp = 1;
+    con = emp->AbrirComoAdmin(QStringLiteral("clave"));
   }
   // Company 2, "Otra", in Otra.db.
   ConexionPtr Otra(bool conAdmin = true) {

@@ -1,5 +1,6 @@
 #include "FixtureGeneracion.h"
 #include "db/DatosDemo.h"
+#include "db/EmpresaDemo.h"
 #include "export/FormatoArchivo.h"
 #include "export/GenerarArchivo.h"
 

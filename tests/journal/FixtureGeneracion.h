@@ -1,7 +1,6 @@
 #pragma once
 
 #include "Apoyo.h"
-#include "db/EmpresaDemo.h"
 #include "journal/Arbol.h"
 #include "journal/Corrida.h"
 #include "journal/Documentos.h"
@@ -40,10 +39,7 @@ class Generacion : public testing::TestWithParam<std::string> {
 protected:
   void SetUp() override {
     emp = std::make_unique<EmpresaPrueba>(GetParam());
-    con = emp->Abrir();
-    demo::LlenarIdentidad(*con, QStringLiteral("x"));
-    gCodUsu = QStringLiteral("ADMIN");
-    gNumEmp = 1;
+    con = emp->AbrirComoAdmin(QStringLiteral("x"));
     FijarReloj(QDateTime(QDate(2024, 11, 5), QTime(14, 5, 9)));
     Ejecutar("INSERT INTO tblModulos (COD_MODUL,DES_MODUL) VALUES (6,'GASTOS')");
     Ejecutar("INSERT INTO tblCatOperaciones (COD_OPER,DES_OPER,MODULO,GENERA_CON) VALUES "

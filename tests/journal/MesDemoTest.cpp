@@ -21,12 +21,9 @@ class MesDemo : public testing::TestWithParam<std::string> {
 protected:
   void SetUp() override {
     emp = std::make_unique<EmpresaPrueba>(GetParam());
-    con = emp->Abrir();
-    demo::LlenarIdentidad(*con, QStringLiteral("x"));
+    con = emp->AbrirComoAdmin(QStringLiteral("x"));
     demo::LlenarCatalogos(*con);
     demo::LlenarDocumentos(*con, kMes);
-    gCodUsu = QStringLiteral("ADMIN");
-    gNumEmp = 1;
     Conexion::InstalarGrabadora(nullptr); // thousands of statements: not worth keeping
     opciones.Del = kMes;
     opciones.Al = kMes.addMonths(1).addDays(-1);

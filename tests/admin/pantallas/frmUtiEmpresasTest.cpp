@@ -38,10 +38,7 @@ class PantallasEmpresa : public testing::TestWithParam<std::string> {
 protected:
   void SetUp() override {
     emp = std::make_unique<EmpresaPrueba>(GetParam());
-    con = emp->Abrir();
-    demo::LlenarIdentidad(*con, QStringLiteral("clave"));
-    gCodUsu = QStringLiteral("ADMIN");
-    gNumEmp = 1;
+    con = emp->AbrirComoAdmin(QStringLiteral("clave"));
     gVersionOk = true;
     demo::CrearBaseEmpresaSqlite(UnirRuta(emp->Ruta(), QStringLiteral("Otra.db")));
     emp->AbrirGeneral()->Ejecutar(QStringLiteral(

@@ -27,12 +27,9 @@ class DefinirYGenerar : public testing::TestWithParam<std::string> {};
 // the month posted: every cash sale gives the entry the rule describes.
 TEST_P(DefinirYGenerar, TheRuleDefinedOnTheScreenIsWhatTheRunPosts) {
   EmpresaPrueba emp(GetParam());
-  ConexionPtr con = emp.Abrir();
-  demo::LlenarIdentidad(*con, QStringLiteral("x"));
+  ConexionPtr con = emp.AbrirComoAdmin(QStringLiteral("x"));
   demo::LlenarCatalogos(*con);
   demo::LlenarDocumentos(*con, kMes);
-  gCodUsu = QStringLiteral("ADMIN");
-  gNumEmp = 1;
   con->Ejecutar(QStringLiteral("DELETE FROM tblRubrosxOperacion WHERE COD_POL IN (SELECT COD_POL "
                                "FROM tblOperacionxConcep WHERE COD_OPER=1)"));
   con->Ejecutar(QStringLiteral("DELETE FROM tblOperacionxConcep WHERE COD_OPER=1"));

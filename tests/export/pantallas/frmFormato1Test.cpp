@@ -1,6 +1,7 @@
 #include "export/pantallas/frmFormato1.h"
 #include "Capturas.h"
 #include "db/DatosDemo.h"
+#include "db/EmpresaDemo.h"
 #include "export/ApoyoExportacion.h"
 #include "export/PasosFormato.h"
 #include "export/pantallas/frmGenerarArchivo.h"

@@ -26,12 +26,9 @@ class Detener : public testing::TestWithParam<std::string> {
 protected:
   std::unique_ptr<EmpresaPrueba> Empresa() {
     auto emp = std::make_unique<EmpresaPrueba>(GetParam());
-    ConexionPtr con = emp->Abrir();
-    demo::LlenarIdentidad(*con, QStringLiteral("x"));
+    ConexionPtr con = emp->AbrirComoAdmin(QStringLiteral("x"));
     demo::LlenarCatalogos(*con);
     demo::LlenarDocumentos(*con, kMes);
-    gCodUsu = QStringLiteral("ADMIN");
-    gNumEmp = 1;
     return emp;
   }
 

@@ -1,7 +1,6 @@
 #include "shell/pantallas/mdiMnuPri.h"
 #include "Apoyo.h"
 #include "Capturas.h"
-#include "db/EmpresaDemo.h"
 #include "pantallas/PantallaBarra.h"
 #include "pantallas/Pantallas.h"
 #include "shell/ErrorFatal.h"
@@ -29,10 +28,7 @@ class Principal : public testing::TestWithParam<std::string> {
 protected:
   void SetUp() override {
     emp = std::make_unique<EmpresaPrueba>(GetParam());
-    con = emp->Abrir();
-    demo::LlenarIdentidad(*con, QStringLiteral("clave"));
-    gCodUsu = QStringLiteral("ADMIN");
-    gNumEmp = 1;
+    con = emp->AbrirComoAdmin(QStringLiteral("clave"));
     IniciarAyuda();
     ServicioUtil::EscribirIni(QStringLiteral("VARIOS"), QStringLiteral("EMPRESA"),
                               QStringLiteral("7"), RutaNimbarIni());
