@@ -9,7 +9,7 @@ paquetes=(
   unixodbc unixodbc-dev odbc-mariadb tdsodbc
   libssl-dev openssl
   mariadb-server mariadb-client
-  xvfb xauth fonts-dejavu-core poppler-utils valgrind
+  xvfb xauth fonts-dejavu-core poppler-utils libxml2-utils valgrind
   qt6-translations-l10n
 )
 

@@ -6,6 +6,7 @@
 #include "cli/ComandoGenerar.h"
 #include "cli/ComandoPoliza.h"
 #include "cli/ComandoReporte.h"
+#include "cli/ComandoSat.h"
 #include "db/EmpresaDemo.h"
 #include "shell/CargaEmpresa.h"
 #include "shell/CatalogoMensajes.h"
@@ -151,14 +152,16 @@ const char *const kSalidas =
     "  4  la empresa no tiene formato de archivo\n"
     "  5  el archivo no se pudo escribir completo\n"
     "  6  la bitácora ya existe y no se dio --agregar\n"
-    "  7  otra generación de la empresa está en curso\n";
+    "  7  otra generación de la empresa está en curso\n"
+    "  8  el archivo del SAT no se escribió: un dato de la empresa falta o no sirve\n";
 
 } // namespace
 
 const QList<ComandoCli> &TodosLosComandos() {
   static const QList<ComandoCli> comandos = {
-      ComandoDemo(),   ComandoEmpresas(), ComandoEmpresaNueva(), ComandoResumen(), ComandoGenerar(),
-      ComandoPoliza(), ComandoExportar(), ComandoEliminar(),     ComandoReporte()};
+      ComandoDemo(),    ComandoEmpresas(),   ComandoEmpresaNueva(), ComandoResumen(),
+      ComandoGenerar(), ComandoPoliza(),     ComandoExportar(),     ComandoEliminar(),
+      ComandoReporte(), ComandoSatPolizas(), ComandoSatCatalogo()};
   return comandos;
 }
 

@@ -269,6 +269,15 @@ const std::vector<Tabla> &TablasEmpresa() {
         {"IX_tblCatRubros_2", {"ACUM_RUBRO"}},
         {"IX_tblCatRubros_3", {"CUENTA_RUBRO"}}}},
 
+      // The SAT's grouping code and nature of each rubro, for the electronic accounting.
+      {"tblRubrosSAT",
+       {
+           {"COD_RUBRO", Texto, kRubro},
+           {"COD_AGRUP", Texto, kCodigo},
+           {"NATURALEZA", Texto, 1},
+       },
+       {{"IX_tblRubrosSAT_1", {"COD_RUBRO"}}}},
+
       {"tblFolios",
        {
            {"COD_FOLIO", Texto, kCodigo},

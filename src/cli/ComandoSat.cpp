@@ -1,0 +1,126 @@
+#include "cli/ComandoSat.h"
+
+#include "export/ContabilidadElectronica.h"
+
+#include <QDir>
+
+namespace cli {
+namespace {
+
+// The file and its counts, or the faults, each on a line of its own.
+int Informar(const sat::ResultadoSat &r, const QString &elementos, Contexto &ctx) {
+  if (!r.Escrito()) {
+    ctx.err << "No se escribió el archivo del SAT:\n";
+    for (const QString &falta : r.faltas)
+      ctx.err << "  " << falta << "\n";
+    return kSalidaSat;
+  }
+  const QString archivo = QDir::toNativeSeparators(r.archivo);
+  if (ctx.json) {
+    ctx.objeto.insert(QStringLiteral("archivo"), archivo);
+    ctx.objeto.insert(elementos, r.elementos);
+    if (elementos == QStringLiteral("polizas")) {
+      ctx.objeto.insert(QStringLiteral("transacciones"), r.transacciones);
+      ctx.objeto.insert(QStringLiteral("sinMovimiento"), r.sinMovimiento);
+    }
+    return kSalidaBien;
+  }
+  ctx.out << "  Archivo:        " << archivo << "\n";
+  if (elementos == QStringLiteral("polizas")) {
+    ctx.out << "  Pólizas:        " << r.elementos << "\n";
+    ctx.out << "  Transacciones:  " << r.transacciones << "\n";
+    if (r.sinMovimiento > 0)
+      ctx.out << "  Sin movimiento: " << r.sinMovimiento << " (no van en el archivo)\n";
+  } else {
+    ctx.out << "  Cuentas:        " << r.elementos << "\n";
+  }
+  return kSalidaBien;
+}
+
+int Polizas(const Leidas &o, Contexto &ctx) {
+  sat::PeticionPolizas p;
+  p.mes = o.Mes(QStringLiteral("mes"));
+  p.tipoSolicitud = o.Texto(QStringLiteral("solicitud")).toUpper();
+  p.numOrden = o.Texto(QStringLiteral("orden"));
+  p.numTramite = o.Texto(QStringLiteral("tramite"));
+  p.archivo = o.Texto(QStringLiteral("archivo"));
+  // What the request says by itself is checked before the company is opened.
+  const QStringList faltas = sat::FaltasPeticion(p);
+  if (!faltas.isEmpty()) {
+    ctx.err << faltas.join(QLatin1Char('\n')) << "\n\n" << ComandoSatPolizas().Sinopsis();
+    return kSalidaUso;
+  }
+  SesionCli sesion;
+  const int entrada = IniciarSesion(o, sesion);
+  if (entrada != kSalidaBien)
+    return entrada;
+  return Informar(sat::EscribirPolizas(*sesion.empresa, p), QStringLiteral("polizas"), ctx);
+}
+
+int Catalogo(const Leidas &o, Contexto &ctx) {
+  SesionCli sesion;
+  const int entrada = IniciarSesion(o, sesion);
+  if (entrada != kSalidaBien)
+    return entrada;
+  return Informar(sat::EscribirCatalogo(*sesion.empresa, o.Mes(QStringLiteral("mes")),
+                                        o.Texto(QStringLiteral("archivo"))),
+                  QStringLiteral("cuentas"), ctx);
+}
+
+OpcionCli OpcionMes() {
+  return {QStringLiteral("mes"), Valor::Mes, QStringLiteral("AAAA-MM"),
+          QStringLiteral("el mes que se informa"), true};
+}
+
+OpcionCli OpcionArchivo() {
+  return {QStringLiteral("archivo"), Valor::Texto, QStringLiteral("RUTA"),
+          QStringLiteral("archivo a escribir (si no, el nombre del SAT en Export)"), false};
+}
+
+} // namespace
+
+ComandoCli ComandoSatPolizas() {
+  ComandoCli c;
+  c.nombre = QStringLiteral("sat polizas");
+  c.resumen = QStringLiteral("Las pólizas de un mes en el XML del SAT (contabilidad electrónica).");
+  c.descripcion = QStringLiteral(
+      "Escribe las pólizas del mes con sus renglones en la estructura «PolizasPeriodo»\n"
+      "1.3 del SAT. Una solicitud AF o FC (acto de fiscalización, fiscalización\n"
+      "compulsa) lleva --orden; una DE o CO (devolución, compensación) lleva --tramite.\n"
+      "El archivo se llama como lo pide el SAT (RFC, año, mes y PL.xml) y queda en la\n"
+      "carpeta Export del programa si no se da --archivo. Termina con 1 si la solicitud\n"
+      "o su número no son los del SAT, y con 8, sin escribir nada, si un dato de la\n"
+      "empresa falta o no sirve (el RFC, un mes sin pólizas); el mensaje nombra el campo.\n");
+  c.opciones = {OpcionEmpresa(true)};
+  c.opciones += OpcionesEntrada();
+  c.opciones +=
+      QList<OpcionCli>{OpcionMes(),
+                       {QStringLiteral("solicitud"), Valor::Texto, QStringLiteral("AF|FC|DE|CO"),
+                        QStringLiteral("el tipo de solicitud del SAT"), true},
+                       {QStringLiteral("orden"), Valor::Texto, QStringLiteral("NUMERO"),
+                        QStringLiteral("número de orden (AF, FC), como ABC1234567/26"), false},
+                       {QStringLiteral("tramite"), Valor::Texto, QStringLiteral("NUMERO"),
+                        QStringLiteral("número de trámite (DE, CO), como DE123456789012"), false},
+                       OpcionArchivo(),
+                       OpcionJson()};
+  c.correr = Polizas;
+  return c;
+}
+
+ComandoCli ComandoSatCatalogo() {
+  ComandoCli c;
+  c.nombre = QStringLiteral("sat catalogo");
+  c.resumen = QStringLiteral("El catálogo de cuentas en el XML del SAT.");
+  c.descripcion = QStringLiteral(
+      "Escribe el catálogo de rubros en la estructura «CatalogoCuentas» 1.3 del SAT,\n"
+      "con el código agrupador y la naturaleza que cada rubro tiene en el catálogo.\n"
+      "El archivo se llama como lo pide el SAT (RFC, año, mes y CT.xml). Si alguna\n"
+      "cuenta no tiene código agrupador, las nombra y termina con 8 sin escribir nada.\n");
+  c.opciones = {OpcionEmpresa(true)};
+  c.opciones += OpcionesEntrada();
+  c.opciones += QList<OpcionCli>{OpcionMes(), OpcionArchivo(), OpcionJson()};
+  c.correr = Catalogo;
+  return c;
+}
+
+} // namespace cli
