@@ -1,5 +1,7 @@
 #include "config/Catalogo.h"
 
+#include "db/ConstructorBD.h"
+#include "export/ContabilidadElectronica.h"
 #include "shell/CatalogoMensajes.h"
 #include "shell/ServicioConexion.h"
 #include "shell/ServicioUtil.h"
@@ -152,4 +154,52 @@ bool BorrarRubro(Conexion &con, RubroEnPantalla &r, const std::function<void()> 
                  Escapar(r.padre.trimmed()) + u"';"_s);
   PrepararRubroNuevo(con, r);
   return true;
+}
+
+bool AsegurarDatosSat(Conexion &con) {
+  QString error;
+  if (constructor::AsegurarTabla(con, "tblRubrosSAT", &error))
+    return true;
+  CatalogoMensajes::MostrarTexto(error, IconoMensaje::Critico);
+  return false;
+}
+
+DatosSat LeerDatosSat(Conexion &con, const QString &rubro) {
+  Registros r = con.Abrir(u"SELECT COD_AGRUP,NATURALEZA FROM tblRubrosSAT WHERE COD_RUBRO='"_s +
+                          Escapar(rubro.trimmed()) + u"'"_s);
+  if (r.Vacio())
+    return {};
+  return {r.Campo(u"COD_AGRUP"_s).Texto().trimmed(), r.Campo(u"NATURALEZA"_s).Texto().trimmed()};
+}
+
+DatosSat DatosSatNuevo(Conexion &con, const RubroEnPantalla &r) {
+  DatosSat d;
+  if (r.padre.isEmpty())
+    return d;
+  d.codigo = LeerDatosSat(con, r.padre).codigo;
+  // "DEUDORA" or "ACREEDORA": the SAT takes the first letter.
+  const QString letra = r.naturaleza.trimmed().left(1).toUpper();
+  if (letra == u"D"_s || letra == u"A"_s)
+    d.naturaleza = letra;
+  return d;
+}
+
+bool ValidarDatosSat(const DatosSat &d) {
+  if (d.codigo.isEmpty() || sat::CodigoAgrupadorValido(d.codigo))
+    return true;
+  return Advertir(5529);
+}
+
+void GrabarDatosSat(Conexion &con, const QString &rubro, const DatosSat &d) {
+  BorrarDatosSat(con, rubro);
+  if (d.codigo.isEmpty() && d.naturaleza.isEmpty())
+    return;
+  con.Ejecutar(u"INSERT INTO tblRubrosSAT (COD_RUBRO,COD_AGRUP,NATURALEZA) VALUES ('"_s +
+               Escapar(rubro.trimmed()) + u"','"_s + Escapar(d.codigo) + u"','"_s +
+               Escapar(d.naturaleza) + u"');"_s);
+}
+
+void BorrarDatosSat(Conexion &con, const QString &rubro) {
+  con.Ejecutar(u"DELETE FROM tblRubrosSAT WHERE COD_RUBRO='"_s + Escapar(rubro.trimmed()) +
+               u"';"_s);
 }

@@ -42,3 +42,23 @@ bool GrabarRubro(Conexion &con, RubroEnPantalla &r);
 // level. `trasSi` is told once the question is answered Yes (the screen's hourglass). True
 // when the rubro was deleted.
 bool BorrarRubro(Conexion &con, RubroEnPantalla &r, const std::function<void()> &trasSi = {});
+
+// The SAT's data of a rubro (tblRubrosSAT), edited beside it: the grouping code and the
+// nature, "D" (deudora) or "A" (acreedora). Empty texts when the rubro has none.
+struct DatosSat {
+  QString codigo;
+  QString naturaleza;
+  bool operator==(const DatosSat &) const = default;
+};
+
+// Creates tblRubrosSAT in a company made before it existed; false, with the failure
+// shown, when it can't.
+bool AsegurarDatosSat(Conexion &con);
+DatosSat LeerDatosSat(Conexion &con, const QString &rubro);
+// What a new child starts with: its parent's code, and the nature of the parent's rubro.
+DatosSat DatosSatNuevo(Conexion &con, const RubroEnPantalla &r);
+// Warning 5529 when the code isn't of the SAT's form; an empty code passes.
+bool ValidarDatosSat(const DatosSat &d);
+// Replaces the rubro's row; no row when both texts are empty.
+void GrabarDatosSat(Conexion &con, const QString &rubro, const DatosSat &d);
+void BorrarDatosSat(Conexion &con, const QString &rubro);

@@ -3,6 +3,8 @@
 #include "shell/ServicioConexion.h"
 #include "shell/ServicioUtil.h"
 
+#include <cstring>
+
 namespace constructor {
 
 QString CrearTabla(const esquema::Tabla &tabla, int motor) {
@@ -70,6 +72,16 @@ void BorrarTablas(Conexion &con, const std::vector<esquema::Tabla> &tablas) {
   for (const esquema::Tabla &t : tablas)
     con.IntentarEjecutar(
         QStringLiteral("DROP TABLE IF EXISTS %1").arg(con.Dialecto().Nombre(t.nombre)));
+}
+
+bool AsegurarTabla(Conexion &con, const char *nombre, QString *error) {
+  for (const esquema::Tabla &t : esquema::TablasEmpresa())
+    if (std::strcmp(t.nombre, nombre) == 0)
+      return RevisarEstructura(con, {t}, error);
+  if (error)
+    *error =
+        QStringLiteral("La tabla %1 no es del esquema de la empresa.").arg(QLatin1String(nombre));
+  return false;
 }
 
 } // namespace constructor

@@ -21,6 +21,10 @@ void CrearTablas(Conexion &con, const std::vector<esquema::Tabla> &tablas);
 // the columns that an existing table lacks. Nothing is dropped or changed. False, with
 // the failure in *error, when a statement fails; what was done stays.
 bool RevisarEstructura(Conexion &con, const std::vector<esquema::Tabla> &tablas, QString *error);
+// The structure check of one table of the company schema, by its name: a database made
+// before the table existed gets it when it is first needed. False, with the failure in
+// *error, when it can't.
+bool AsegurarTabla(Conexion &con, const char *nombre, QString *error);
 // Drops the tables that exist (used to rebuild a test database on a server).
 void BorrarTablas(Conexion &con, const std::vector<esquema::Tabla> &tablas);
 

@@ -127,13 +127,6 @@ QString NombreArchivo(const QString &rfc, const QDate &mes, const QString &tipo)
   return rfc + mes.toString(QStringLiteral("yyyyMM")) + tipo + QStringLiteral(".xml");
 }
 
-bool AsegurarTablaSat(Conexion &con, QString *error) {
-  for (const esquema::Tabla &t : esquema::TablasEmpresa())
-    if (QLatin1String(t.nombre) == QLatin1String("tblRubrosSAT"))
-      return constructor::RevisarEstructura(con, {t}, error);
-  return false;
-}
-
 bool CodigoAgrupadorValido(const QString &codigo) {
   return Cumple(codigo, QStringLiteral("[0-9]{3}(\\.[0-9]{2})?"));
 }
@@ -289,7 +282,7 @@ ResultadoSat EscribirCatalogo(Conexion &con, const QDate &mes, const QString &ar
     return res;
 
   QString error;
-  if (!AsegurarTablaSat(con, &error)) {
+  if (!constructor::AsegurarTabla(con, "tblRubrosSAT", &error)) {
     res.faltas << QStringLiteral("No fue posible crear la tabla de códigos del SAT "
                                  "(tblRubrosSAT): %1")
                       .arg(error);

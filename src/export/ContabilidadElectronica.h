@@ -45,10 +45,6 @@ ResultadoSat EscribirPolizas(Conexion &con, const PeticionPolizas &p);
 // and no file is written.
 ResultadoSat EscribirCatalogo(Conexion &con, const QDate &mes, const QString &archivo = {});
 
-// Creates tblRubrosSAT in a company database made before it existed. False, with the
-// failure in *error, when it can't.
-bool AsegurarTablaSat(Conexion &con, QString *error);
-
 // The grouping code's form: three digits, and for a subaccount a point and two more.
 bool CodigoAgrupadorValido(const QString &codigo);
 

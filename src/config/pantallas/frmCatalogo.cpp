@@ -50,13 +50,23 @@ frmCatalogo::frmCatalogo(QWidget *padre) : QDialog(padre), busqueda(&frmBuscar::
   txtDesRubro->setObjectName(QStringLiteral("txtDesRubro"));
   txtNumCuenta = new QLineEdit(this);
   txtNumCuenta->setObjectName(QStringLiteral("txtNumCuenta"));
+  txtCodAgrup = new QLineEdit(this);
+  txtCodAgrup->setObjectName(QStringLiteral("txtCodAgrup"));
+  txtCodAgrup->setMaxLength(6); // "102.01"
+  txtCodAgrup->setPlaceholderText(QStringLiteral("102.01"));
+  cmbNaturSat = new QComboBox(this);
+  cmbNaturSat->setObjectName(QStringLiteral("cmbNaturSat"));
+  cmbNaturSat->addItem(QStringLiteral("D - Deudora"), QStringLiteral("D"));
+  cmbNaturSat->addItem(QStringLiteral("A - Acreedora"), QStringLiteral("A"));
+  cmbNaturSat->setCurrentIndex(-1);
 
   auto *capa = new QGridLayout;
   const std::pair<const char *, QWidget *> filas[] = {
       {"Rubro del Sistema", cmbRubros},     {"", lblDesRubroSist},
       {"Rubro de la empresa", lblRubroEmp}, {"Descripción", txtDesRubro},
       {"Número de Cuenta", txtNumCuenta},   {"Edo. Financiero", lblEdoFinanciero},
-      {"Naturaleza", lblNaturaleza}};
+      {"Naturaleza", lblNaturaleza},        {"Código agrupador SAT", txtCodAgrup},
+      {"Naturaleza SAT", cmbNaturSat}};
   int fila = 0;
   for (const auto &[leyenda, control] : filas) {
     capa->addWidget(new QLabel(QString::fromUtf8(leyenda), this), fila, 0);
@@ -67,14 +77,18 @@ frmCatalogo::frmCatalogo(QWidget *padre) : QDialog(padre), busqueda(&frmBuscar::
   raiz->setMenuBar(tlbCatalogo);
   raiz->addLayout(capa);
   raiz->addStretch(1);
-  resize(560, 320);
+  resize(560, 380);
 
   new RechazoApostrofe(this);
   cmbRubros->installEventFilter(this);
   txtDesRubro->installEventFilter(this);
   txtNumCuenta->installEventFilter(this);
+  txtCodAgrup->installEventFilter(this);
 
   conexion_ = ServicioConexion::AbrirConexionSesion();
+  hayDatosSat_ = AsegurarDatosSat(*conexion_);
+  txtCodAgrup->setEnabled(hayDatosSat_);
+  cmbNaturSat->setEnabled(hayDatosSat_);
   cmbRubros->addItems(PadresDeRubros(*conexion_));
   cmbRubros->setCurrentIndex(-1); // nothing chosen at the opening
   connect(cmbRubros, &QComboBox::currentIndexChanged, this, [this](int indice) {
@@ -108,6 +122,17 @@ void frmCatalogo::Mostrar(const RubroEnPantalla &r) {
   lblEdoFinanciero->setText(r.edoFinanciero);
   lblNaturaleza->setText(r.naturaleza);
   tipoCuentaPadre_ = r.tipoCuentaPadre;
+  if (hayDatosSat_)
+    MostrarSat(DatosSatNuevo(*conexion_, r));
+}
+
+DatosSat frmCatalogo::LeerSat() const {
+  return {txtCodAgrup->text().trimmed(), cmbNaturSat->currentData().toString()};
+}
+
+void frmCatalogo::MostrarSat(const DatosSat &d) {
+  txtCodAgrup->setText(d.codigo);
+  cmbNaturSat->setCurrentIndex(cmbNaturSat->findData(d.naturaleza));
 }
 
 void frmCatalogo::PrepararRubroNuevo() {
@@ -150,11 +175,20 @@ void frmCatalogo::MostrarRubro(const QString &codigo) {
   lblEdoFinanciero->setText(leido->EDOFIN_RUBRO);
   lblNaturaleza->setText(leido->NATURAL_RUBRO);
   txtNumCuenta->setText(leido->CUENTA_RUBRO);
+  if (hayDatosSat_)
+    MostrarSat(LeerDatosSat(*conexion_, codigo));
 }
 
 void frmCatalogo::GrabarRubro() {
+  const DatosSat sat = LeerSat();
+  if (hayDatosSat_ && !ValidarDatosSat(sat))
+    return;
   RubroEnPantalla r = Leer();
+  // The rubro saved: the company's one shown, or else the one of the system.
+  const QString codigo = r.rubroEmp.trimmed().isEmpty() ? r.padre.trimmed() : r.rubroEmp.trimmed();
   if (::GrabarRubro(*conexion_, r)) {
+    if (hayDatosSat_)
+      GrabarDatosSat(*conexion_, codigo, sat);
     cmbRubros->setEditable(false);
     Mostrar(r);
   }
@@ -162,13 +196,17 @@ void frmCatalogo::GrabarRubro() {
 
 void frmCatalogo::BorrarRubro() {
   RubroEnPantalla r = Leer();
+  const QString codigo = r.rubroEmp.trimmed();
   bool borrado = false;
   {
     std::optional<RelojArena> reloj;
     borrado = ::BorrarRubro(*conexion_, r, [&reloj] { reloj.emplace(); });
   }
-  if (borrado)
-    Mostrar(r);
+  if (!borrado)
+    return;
+  if (hayDatosSat_)
+    BorrarDatosSat(*conexion_, codigo);
+  Mostrar(r);
 }
 
 void frmCatalogo::Buscar() {
@@ -197,6 +235,18 @@ bool frmCatalogo::eventFilter(QObject *objeto, QEvent *evento) {
     txtNumCuenta->setFocus();
     return true;
   }
+  if (objeto == txtNumCuenta && enter) {
+    txtCodAgrup->setFocus();
+    return true;
+  }
+  if (objeto == txtCodAgrup && enter) {
+    cmbNaturSat->setFocus();
+    return true;
+  }
+  // The grouping code takes digits and its point.
+  if (objeto == txtCodAgrup && !tecla->text().isEmpty() && tecla->text()[0].isPrint() &&
+      !(tecla->text()[0].isDigit() || tecla->text()[0] == QLatin1Char('.')))
+    return true;
   // The account takes digits and "-" as they are typed; every other key that types is
   // dropped (Backspace and the moving keys type nothing and pass).
   if (objeto == txtNumCuenta && !tecla->text().isEmpty() && tecla->text()[0].isPrint() &&

@@ -35,6 +35,9 @@ public:
   QLineEdit *txtNumCuenta;
   QLabel *lblEdoFinanciero;
   QLabel *lblNaturaleza;
+  // The SAT's grouping code and nature of the rubro, for the electronic accounting.
+  QLineEdit *txtCodAgrup;
+  QComboBox *cmbNaturSat; // "D - Deudora", "A - Acreedora"; none chosen when unknown
   BarraPantalla *tlbCatalogo;
 
 protected:
@@ -42,10 +45,14 @@ protected:
 
 private:
   RubroEnPantalla Leer() const;
+  // A new child on the screen, with the SAT data it starts with.
   void Mostrar(const RubroEnPantalla &r);
+  DatosSat LeerSat() const;
+  void MostrarSat(const DatosSat &d);
   // Makes each entry of the list the chosen one until its text is `codigo`.
   void Recorrer(const QString &codigo);
 
   ConexionPtr conexion_;
   QString tipoCuentaPadre_;
+  bool hayDatosSat_ = false; // the company has tblRubrosSAT (made at the opening if missing)
 };

@@ -1,6 +1,7 @@
 #include "config/pantallas/frmCatalogo.h"
 #include "Apoyo.h"
 #include "Capturas.h"
+#include "export/ContabilidadElectronica.h"
 #include "pantallas/PantallaBarra.h"
 #include "shell/Sesion.h"
 
@@ -38,6 +39,13 @@ protected:
     emp->grabadora.sentencias.clear();
   }
   void Sql(const char *sql) { con->Ejecutar(QString::fromUtf8(sql)); }
+  // The rubro's SAT row, "code|nature", or empty.
+  QString Sat(const char *rubro) {
+    Registros r = con->Abrir(
+        QStringLiteral("SELECT COD_AGRUP,NATURALEZA FROM tblRubrosSAT WHERE COD_RUBRO='%1'")
+            .arg(QLatin1String(rubro)));
+    return r.Vacio() ? QString() : r.Campo(0).Texto() + QLatin1Char('|') + r.Campo(1).Texto();
+  }
   void Elegir(const char *padre) {
     f->cmbRubros->setCurrentIndex(f->cmbRubros->findText(QLatin1String(padre)));
   }
@@ -221,4 +229,80 @@ TEST_P(Catalogo, AnAccountWithOtherCharactersCanStillBeCorrected) {
   QTest::keyClick(f->txtNumCuenta, Qt::Key_Backspace);
   QTest::keyClicks(f->txtNumCuenta, QStringLiteral("x2"));
   EXPECT_EQ(f->txtNumCuenta->text(), QStringLiteral("1.102"));
+}
+
+TEST_P(Catalogo, ANewChildStartsWithItsParentsSatCodeAndNatureAndKeepsWhatIsTyped) {
+  Sql("INSERT INTO tblRubrosSAT (COD_RUBRO,COD_AGRUP,NATURALEZA) VALUES ('2-01','201','A')");
+  Elegir("2-01");
+  EXPECT_EQ(f->txtCodAgrup->text(), QStringLiteral("201"));
+  EXPECT_EQ(f->cmbNaturSat->currentText(), QStringLiteral("A - Acreedora"));
+  Escribir("ACREEDORES", "2200");
+  // Enter walks the account, the code and the nature; the code takes digits and its point.
+  f->txtNumCuenta->setFocus();
+  QTest::keyClick(f->txtNumCuenta, Qt::Key_Return);
+  ASSERT_TRUE(f->txtCodAgrup->hasFocus());
+  QTest::keyClicks(f->txtCodAgrup, QStringLiteral(".x0'6"));
+  EXPECT_EQ(f->txtCodAgrup->text(), QStringLiteral("201.06"));
+  QTest::keyClick(f->txtCodAgrup, Qt::Key_Return);
+  EXPECT_TRUE(f->cmbNaturSat->hasFocus());
+  emp->mensajes.respuestas = {RespuestaMensaje::Si};
+  QTest::keyClick(f->cmbNaturSat, Qt::Key_F10);
+  EXPECT_EQ(emp->mensajes.Ids(), std::vector<int>{5521});
+  EXPECT_EQ(Sat("2-01-100"), QStringLiteral("201.06|A"));
+  // The next new child starts again from the parent.
+  EXPECT_EQ(f->txtCodAgrup->text(), QStringLiteral("201"));
+
+  // Shown by the search, changed, and gone with the rubro.
+  f->busqueda = [](QWidget *, Conexion &, const QString &) { return QStringLiteral("2-01-100"); };
+  QTest::keyClick(f->txtDesRubro, Qt::Key_F6);
+  EXPECT_EQ(f->txtCodAgrup->text(), QStringLiteral("201.06"));
+  f->txtCodAgrup->setText(QStringLiteral("205.06"));
+  f->cmbNaturSat->setCurrentIndex(0);
+  emp->mensajes.respuestas = {RespuestaMensaje::Si};
+  QTest::keyClick(f->txtDesRubro, Qt::Key_F10);
+  EXPECT_EQ(Sat("2-01-100"), QStringLiteral("205.06|D"));
+  QTest::keyClick(f->txtDesRubro, Qt::Key_F6);
+  emp->mensajes.respuestas = {RespuestaMensaje::Si};
+  QTest::keyClick(f->txtDesRubro, Qt::Key_F3);
+  EXPECT_EQ(Fila("2-01-100"), QString());
+  EXPECT_EQ(Sat("2-01-100"), QString());
+}
+
+TEST_P(Catalogo, ACodeOutOfTheSatsFormIsRefusedBeforeAnythingIsWritten) {
+  Elegir("6-01");
+  Escribir("PAPELERIA", "6101");
+  f->txtCodAgrup->setText(QStringLiteral("60.1"));
+  QTest::keyClick(f->txtDesRubro, Qt::Key_F10);
+  EXPECT_EQ(emp->mensajes.Ids(), std::vector<int>{5529});
+  EXPECT_EQ(Fila("6-01-01"), QString());
+  EXPECT_EQ(Sat("6-01-01"), QString());
+}
+
+TEST_P(Catalogo, ASystemRubrosCodeSavedOnTheScreenGoesToTheSatsChart) {
+  f->busqueda = [](QWidget *, Conexion &, const QString &) { return QStringLiteral("1"); };
+  QTest::keyClick(f->txtDesRubro, Qt::Key_F6);
+  // No SAT row yet: the code is empty and the nature unchosen.
+  EXPECT_EQ(f->txtCodAgrup->text(), QString());
+  EXPECT_EQ(f->cmbNaturSat->currentIndex(), -1);
+  f->txtCodAgrup->setText(QStringLiteral("100"));
+  f->cmbNaturSat->setCurrentIndex(0);
+  emp->mensajes.respuestas = {RespuestaMensaje::Si};
+  QTest::keyClick(f->txtDesRubro, Qt::Key_F10);
+  EXPECT_EQ(Sat("1"), QStringLiteral("100|D"));
+  Sql("INSERT INTO tblEmpresa (COD_EMPRESA,RFC1_EMP,RFC2_EMP,RFC3_EMP) VALUES "
+      "(1,'FDL','180314','AB1')");
+  const sat::ResultadoSat r = sat::EscribirCatalogo(*con, QDate(2026, 10, 1));
+  EXPECT_TRUE(r.faltas.contains(QStringLiteral("La cuenta 1100 (1-01-01 CAJA) no tiene código "
+                                               "agrupador del SAT (CodAgrup).")));
+  for (const QString &falta : r.faltas)
+    EXPECT_FALSE(falta.contains(QStringLiteral("(1 ACTIVO)"))) << falta.toStdString();
+}
+
+TEST_P(Catalogo, ACompanyMadeBeforeTheSatTableGetsItWhenTheScreenOpens) {
+  f.reset();
+  Sql("DROP TABLE tblRubrosSAT");
+  f = std::make_unique<frmCatalogo>();
+  EXPECT_TRUE(f->txtCodAgrup->isEnabled());
+  EXPECT_EQ(emp->Contar(QStringLiteral("tblRubrosSAT")), 0);
+  EXPECT_TRUE(emp->mensajes.mostrados.empty());
 }
