@@ -12,8 +12,12 @@ class BarraPantalla;
 class ComboDatos;
 class QDateEdit;
 class QLabel;
+class QComboBox;
+class QGroupBox;
+class QLineEdit;
 class QProgressBar;
 class QPushButton;
+class QRadioButton;
 
 // The screen that writes the journal entries of a period into a text file by the
 // company's format, filtered by journal type, operation and concept.
@@ -33,6 +37,14 @@ public:
   ComboDatos *cmbFolios;
   ComboDatos *cmbOperaciones;
   ComboDatos *cmbConceptos;
+  // What is written: the company's format, or the SAT's XML of the month's entries.
+  QRadioButton *optFormato;
+  QRadioButton *optSat;
+  QGroupBox *grpFiltros;
+  QGroupBox *grpSat;       // the SAT's request, enabled with optSat
+  QComboBox *cmbSolicitud; // AF, FC, DE, CO
+  QLabel *lblNumero;       // "Número de orden" (AF, FC) or "Número de trámite" (DE, CO)
+  QLineEdit *txtNumero;
   BarraPantalla *tlbCatalogo;
   QProgressBar *prgAvance; // lines written, shown while the file is written
   QLabel *lblAvance;
@@ -45,6 +57,9 @@ private:
   // "GRB": the format is read at the first press and kept while the screen is open.
   void Grabar();
   void GenerarArchivo();
+  // The SAT's XML of the month of the period, under the SAT's name in the export folder.
+  void GenerarSat();
+  void ElegirSalida();
   static void MostrarAvance(TareaEnCurso &tarea, qint64 lineas, qint64 polizas);
 
   ConexionPtr conexion_;

@@ -1,6 +1,7 @@
 #include "export/pantallas/frmGenerarArchivo.h"
 #include "Capturas.h"
 #include "export/ApoyoExportacion.h"
+#include "export/ApoyoSat.h"
 #include "pantallas/Apostrofos.h"
 #include "pantallas/PantallaBarra.h"
 #include "pantallas/PantallaCombos.h"
@@ -14,8 +15,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QProgressBar>
+#include <QRadioButton>
 #include <QTest>
 #include <QTimer>
 #include <QUrl>
@@ -392,4 +396,103 @@ TEST_P(PantallaArchivo, TheFileIsNamedInTheExportFolderOfReportIni) {
   QTimer::singleShot(0, mirar);
   f->cdgArchivo(f.get(), QStringLiteral("t"), QStringLiteral("*.txt"));
   EXPECT_EQ(carpeta, QDir(exportar).absolutePath());
+}
+
+// ------------------------------------------------------------------ the SAT's XML
+
+namespace {
+
+// The sample entry with its rubros in the chart and the company's RFC.
+void DatosSat(Conexion &con) {
+  PolizaDeMuestra(con);
+  con.Ejecutar(
+      QStringLiteral("INSERT INTO tblCatRubros (COD_RUBRO,DES_RUBRO,CUENTA_RUBRO) VALUES "
+                     "('1-01','CAJA','110-001-000'),('2-01','PROVEEDORES','210-001-000')"));
+  con.Ejecutar(QStringLiteral("INSERT INTO tblEmpresa (COD_EMPRESA,RFC1_EMP,RFC2_EMP,RFC3_EMP) "
+                              "VALUES (1,'FDL','180314','AB1')"));
+}
+
+} // namespace
+
+TEST_P(PantallaArchivo, TheSatsChoiceTakesTheWholeMonthAndWritesItsFileByItsName) {
+  DatosSat(*con);
+  auto f = Abrir({archivo});
+  f->dtpFechaIni->setDate(QDate(2026, 11, 15));
+  EXPECT_FALSE(f->grpSat->isEnabled());
+  f->optSat->setFocus();
+  QTest::keyClick(f->optSat, Qt::Key_Space);
+  ASSERT_TRUE(f->optSat->isChecked());
+  EXPECT_EQ(f->dtpFechaIni->date(), QDate(2026, 11, 1));
+  EXPECT_EQ(f->dtpFechaFin->date(), QDate(2026, 11, 30));
+  EXPECT_FALSE(f->grpFiltros->isEnabled());
+  EXPECT_TRUE(f->grpSat->isEnabled());
+  EXPECT_EQ(f->lblNumero->text(), QStringLiteral("Número de orden"));
+  f->cmbSolicitud->setCurrentIndex(2);
+  EXPECT_EQ(f->lblNumero->text(), QStringLiteral("Número de trámite"));
+  f->txtNumero->setFocus();
+  QTest::keyClicks(f->txtNumero, QStringLiteral("de123456789012"));
+  GuardarCaptura(f.get(), QStringLiteral("frmGenerarArchivo_sat"));
+  Tecla(*f, Qt::Key_F10);
+
+  // No name is asked: the SAT's name, in the export folder.
+  EXPECT_TRUE(pedidos.isEmpty());
+  const QString xml = RutaNativa(emp->Ruta() + QStringLiteral("/Export/FDL180314AB1202611PL.xml"));
+  ASSERT_EQ(emp->mensajes.mostrados.size(), 1u);
+  EXPECT_EQ(emp->mensajes.mostrados[0].texto,
+            QStringLiteral("Se escribió el archivo del SAT:\n%1\n\nPólizas: 1   Transacciones: 2")
+                .arg(QDir::toNativeSeparators(xml)));
+  EXPECT_EQ(satprueba::Validar(xml, QStringLiteral("PolizasPeriodo_1_3.xsd")), QString());
+  EXPECT_TRUE(QString::fromUtf8(LeerArchivo(xml))
+                  .contains(QStringLiteral("TipoSolicitud=\"DE\" NumTramite=\"DE123456789012\"")));
+  const std::vector<satprueba::PolizaLeida> leidas = satprueba::LeerPolizas(xml);
+  ASSERT_EQ(leidas.size(), 1u);
+  EXPECT_EQ(leidas[0].clave, QStringLiteral("D-00000000012"));
+  EXPECT_EQ(leidas[0].debe, D("1250"));
+  EXPECT_EQ(leidas[0].haber, D("1250"));
+
+  // Again: the file exists, and No leaves it as it was.
+  QFile(xml).resize(0);
+  emp->mensajes.mostrados.clear();
+  emp->mensajes.respuestas = {RespuestaMensaje::No};
+  Tecla(*f, Qt::Key_F10);
+  ASSERT_EQ(emp->mensajes.mostrados.size(), 1u);
+  EXPECT_EQ(emp->mensajes.mostrados[0].icono, IconoMensaje::Pregunta);
+  EXPECT_EQ(LeerArchivo(xml), QByteArray());
+}
+
+TEST_P(PantallaArchivo, TheSatsFileRefusesAWrongNumberAndAPeriodThatIsNoMonth) {
+  DatosSat(*con);
+  auto f = Abrir();
+  f->optSat->setChecked(true);
+  f->txtNumero->setText(QStringLiteral("ABC123"));
+  Tecla(*f, Qt::Key_F10);
+  ASSERT_EQ(emp->mensajes.mostrados.size(), 1u);
+  EXPECT_EQ(emp->mensajes.mostrados[0].icono, IconoMensaje::Advertencia);
+  EXPECT_TRUE(emp->mensajes.mostrados[0].texto.contains(QStringLiteral("(NumOrden)")));
+  EXPECT_TRUE(f->txtNumero->hasFocus());
+
+  f->txtNumero->setText(QStringLiteral("ABC1234567/26"));
+  f->dtpFechaFin->setDate(QDate(2026, 11, 29));
+  emp->mensajes.mostrados.clear();
+  Tecla(*f, Qt::Key_F10);
+  ASSERT_EQ(emp->mensajes.mostrados.size(), 1u);
+  EXPECT_EQ(emp->mensajes.mostrados[0].texto,
+            QStringLiteral("El XML del SAT es de un mes completo: ponga del primer al último día "
+                           "del mes."));
+  EXPECT_FALSE(QDir(emp->Ruta() + QStringLiteral("/Export")).exists() &&
+               !QDir(emp->Ruta() + QStringLiteral("/Export")).isEmpty());
+
+  // A month without entries: the engine's fault, named by its field.
+  f->dtpFechaIni->setDate(QDate(2026, 10, 1));
+  f->dtpFechaFin->setDate(QDate(2026, 10, 31));
+  emp->mensajes.mostrados.clear();
+  Tecla(*f, Qt::Key_F10);
+  ASSERT_EQ(emp->mensajes.mostrados.size(), 1u);
+  EXPECT_EQ(emp->mensajes.mostrados[0].texto,
+            QStringLiteral("No se escribió el archivo del SAT:\n\nEl mes 10/2026 no tiene pólizas "
+                           "con movimientos (Mes)."));
+  // Back to the company's format: the filters again.
+  f->optFormato->setChecked(true);
+  EXPECT_TRUE(f->grpFiltros->isEnabled());
+  EXPECT_FALSE(f->grpSat->isEnabled());
 }
