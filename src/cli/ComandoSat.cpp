@@ -82,7 +82,7 @@ OpcionCli OpcionArchivo() {
 ComandoCli ComandoSatPolizas() {
   ComandoCli c;
   c.nombre = QStringLiteral("sat polizas");
-  c.resumen = QStringLiteral("Las pólizas de un mes en el XML del SAT (contabilidad electrónica).");
+  c.resumen = QStringLiteral("Escribe las pólizas de un mes en el XML del SAT.");
   c.descripcion = QStringLiteral(
       "Escribe las pólizas del mes con sus renglones en la estructura «PolizasPeriodo»\n"
       "1.3 del SAT. Una solicitud AF o FC (acto de fiscalización, fiscalización\n"
@@ -95,8 +95,8 @@ ComandoCli ComandoSatPolizas() {
   c.opciones += OpcionesEntrada();
   c.opciones +=
       QList<OpcionCli>{OpcionMes(),
-                       {QStringLiteral("solicitud"), Valor::Texto, QStringLiteral("AF|FC|DE|CO"),
-                        QStringLiteral("el tipo de solicitud del SAT"), true},
+                       {QStringLiteral("solicitud"), Valor::Texto, QStringLiteral("TIPO"),
+                        QStringLiteral("AF, FC, DE o CO: el tipo de solicitud del SAT"), true},
                        {QStringLiteral("orden"), Valor::Texto, QStringLiteral("NUMERO"),
                         QStringLiteral("número de orden (AF, FC), como ABC1234567/26"), false},
                        {QStringLiteral("tramite"), Valor::Texto, QStringLiteral("NUMERO"),
@@ -110,7 +110,7 @@ ComandoCli ComandoSatPolizas() {
 ComandoCli ComandoSatCatalogo() {
   ComandoCli c;
   c.nombre = QStringLiteral("sat catalogo");
-  c.resumen = QStringLiteral("El catálogo de cuentas en el XML del SAT.");
+  c.resumen = QStringLiteral("Escribe el catálogo de cuentas en el XML del SAT.");
   c.descripcion = QStringLiteral(
       "Escribe el catálogo de rubros en la estructura «CatalogoCuentas» 1.3 del SAT,\n"
       "con el código agrupador y la naturaleza que cada rubro tiene en el catálogo.\n"
