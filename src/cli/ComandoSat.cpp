@@ -90,7 +90,8 @@ ComandoCli ComandoSatPolizas() {
       "El archivo se llama como lo pide el SAT (RFC, año, mes y PL.xml) y queda en la\n"
       "carpeta Export del programa si no se da --archivo. Termina con 1 si la solicitud\n"
       "o su número no son los del SAT, y con 8, sin escribir nada, si un dato de la\n"
-      "empresa falta o no sirve (el RFC, un mes sin pólizas); el mensaje nombra el campo.\n");
+      "empresa falta o no sirve (el RFC, un mes sin pólizas); el mensaje nombra el\n"
+      "campo.\n");
   c.opciones = {OpcionEmpresa(true)};
   c.opciones += OpcionesEntrada();
   c.opciones +=
