@@ -2,12 +2,14 @@
 
 #include "admin/Empresa.h"
 #include "db/EmpresaDemo.h"
+#include "shell/Ayuda.h"
 #include "shell/CatalogoMensajes.h"
 #include "shell/ErrorFatal.h"
 #include "shell/Rutas.h"
 #include "shell/ServicioConexion.h"
 #include "shell/Sesion.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -97,6 +99,7 @@ int EmpresaNueva(const Leidas &o, Contexto &ctx) {
       throw ErrorFatal(QStringLiteral("No fue posible crear la carpeta %1.").arg(gRutaApp));
     demo::CrearBaseGeneral(general);
     demo::CrearBaseReferencia(UnirRuta(gRutaApp, QStringLiteral("Referencia.mdb")));
+    ayuda::InstalarManual(QCoreApplication::applicationDirPath(), gRutaApp);
   }
   // The command line answers the screen's questions with yes.
   if (!empresa::ValidarEmpresa(d))

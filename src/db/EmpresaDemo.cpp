@@ -3,6 +3,7 @@
 #include "db/ConstructorBD.h"
 #include "db/DatosDemo.h"
 #include "db/Esquema.h"
+#include "shell/Ayuda.h"
 #include "shell/Encriptacion.h"
 #include "shell/ErrorFatal.h"
 #include "shell/Rutas.h"
@@ -10,6 +11,7 @@
 #include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -110,6 +112,7 @@ ResultadoDemo CrearDemo(const OpcionesDemo &opciones) {
                          .arg(raiz));
   for (const char *carpeta : kCarpetas)
     QDir().mkpath(RutaNativa(UnirRuta(raiz, QLatin1String(carpeta))));
+  ayuda::InstalarManual(QCoreApplication::applicationDirPath(), raiz);
   const QStringList archivos = {general, referencia, empresa, segunda};
   for (const QString &archivo : archivos)
     Borrar(archivo);

@@ -54,7 +54,7 @@ BarraPantalla::BarraPantalla(QWidget *ventana, const std::vector<BotonBarra> &bo
       a->setIcon(style()->standardIcon(t->imagen));
     std::function<void()> accion = b.accion;
     if (!accion && b.clave == QLatin1String("AYU"))
-      accion = [ventana] { AbrirArchivo(ventana, gRutaAyuda); };
+      accion = [ventana] { AbrirAyuda(ventana); };
     if (!accion && b.clave == QLatin1String("SAL"))
       accion = [ventana] { ventana->close(); };
     Q_ASSERT(accion);

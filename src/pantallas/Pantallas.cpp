@@ -2,6 +2,8 @@
 
 #include "pantallas/EditorFecha.h"
 
+#include "shell/Ayuda.h"
+#include "shell/CatalogoMensajes.h"
 #include "shell/Rutas.h"
 #include "shell/Sesion.h"
 
@@ -12,6 +14,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -71,6 +74,7 @@ void PrepararVentana(QDialog *ventana, const QString &nombre, const QString &tit
   ventana->setModal(true);
   ventana->setStyleSheet(
       QStringLiteral("#%1 { background-color: %2; }").arg(nombre, ColorFamilia()));
+  InstalarAyuda(ventana);
 }
 
 QDateEdit *CampoFecha(QWidget *padre, const QString &nombre) {
@@ -241,6 +245,30 @@ RelojArena::~RelojArena() { QApplication::restoreOverrideCursor(); }
 void AbrirArchivo(QWidget *ventana, const QString &ruta) {
   Q_UNUSED(ventana);
   AbrirDireccion(QUrl::fromLocalFile(RutaNativa(ruta)));
+}
+
+void AbrirAyuda(QWidget *ventana) {
+  const QString manual =
+      RutaNativa(gRutaAyuda.isEmpty() ? UnirRuta(UnirRuta(gRutaApp, QStringLiteral("Ayuda")),
+                                                 QStringLiteral("TV_PVManual.pdf"))
+                                      : gRutaAyuda);
+  if (!QFileInfo::exists(manual)) {
+    CatalogoMensajes::MostrarTexto(QStringLiteral("No se encontró el manual del usuario en %1.")
+                                       .arg(QDir::toNativeSeparators(manual)),
+                                   IconoMensaje::Advertencia);
+    return;
+  }
+  AbrirDireccion(ayuda::Direccion(manual, ventana->window()->objectName()));
+}
+
+void InstalarAyuda(QWidget *ventana) {
+  // A toolbar's help button, made after the window, sees F1 first and takes it.
+  new VistaPreviaTeclas(ventana, [ventana](QWidget *, QKeyEvent *tecla) {
+    if (tecla->key() != Qt::Key_F1 || tecla->modifiers() != Qt::NoModifier)
+      return false;
+    AbrirAyuda(ventana);
+    return true;
+  });
 }
 
 void AbrirDireccion(const QUrl &direccion) {

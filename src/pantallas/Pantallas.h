@@ -158,6 +158,11 @@ public:
 
 // Hands a file to the desktop to open (the help manual, a log); a failure isn't reported.
 void AbrirArchivo(QWidget *ventana, const QString &ruta);
+// F1 on any screen: the manual at the chapter of the window, or a message naming the
+// path where it was looked for.
+void AbrirAyuda(QWidget *ventana);
+// F1 for a window whose toolbar has no help button (PrepararVentana installs it).
+void InstalarAyuda(QWidget *ventana);
 // Hands an address to the desktop (a file, the maker's site); a failure isn't reported.
 void AbrirDireccion(const QUrl &direccion);
 // What hands addresses on: the desktop until another is installed (tests keep them);

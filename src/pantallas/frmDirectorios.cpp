@@ -16,8 +16,10 @@
 #include <QVBoxLayout>
 
 frmDirectorios::frmDirectorios(QWidget *parent) : QDialog(parent) {
+  setObjectName(QStringLiteral("frmDirectorios"));
   setWindowTitle(QStringLiteral("Seleccionar carpeta"));
   setModal(true);
+  InstalarAyuda(this);
   setStyleSheet(
       QStringLiteral("frmDirectorios, QPushButton { background-color: %1; }").arg(ColorFamilia()));
 

@@ -21,6 +21,7 @@ frmTeclado::frmTeclado(QWidget *padre, QLineEdit::EchoMode eco) : QDialog(padre)
   setObjectName(QStringLiteral("frmTeclado"));
   setWindowTitle(QStringLiteral("Teclado"));
   setModal(true);
+  InstalarAyuda(this);
   setStyleSheet(QStringLiteral("QPushButton { background-color: %1; min-width: 34px; "
                                "min-height: 34px; font-size: 14px; }")
                     .arg(ColorFamilia()));

@@ -12,10 +12,12 @@
 #include <QClipboard>
 #include <QDateEdit>
 #include <QDialog>
+#include <QDir>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -251,13 +253,16 @@ TEST(BarraPantalla, TheButtonsCarryTheirCaptionsTipsAndPictures) {
 
 TEST(BarraPantalla, FOneOpensTheManualWhenTheScreenGivesNoHelpOfItsOwn) {
   Abridor abridor;
-  gRutaApp = QStringLiteral("/opt/escribano");
+  QTemporaryDir dir;
+  gRutaApp = dir.path();
+  QDir(dir.path()).mkdir(QStringLiteral("Ayuda"));
+  EscribirArchivo(dir.filePath(QStringLiteral("Ayuda/TV_PVManual.pdf")), "%PDF");
   IniciarAyuda();
   PantallaConBarra p(kSeis);
   QTest::keyClick(p.txt, Qt::Key_F1);
   ASSERT_EQ(abridor.abiertas.size(), 1u);
   EXPECT_EQ(abridor.abiertas[0],
-            QUrl::fromLocalFile(QStringLiteral("/opt/escribano/Ayuda/TV_PVManual.pdf")));
+            QUrl::fromLocalFile(dir.filePath(QStringLiteral("Ayuda/TV_PVManual.pdf"))));
   EXPECT_TRUE(p.pulsados.isEmpty());
 }
 

@@ -24,7 +24,7 @@ for archivo in $(cd "$src" && find . -name '*.cpp' -o -name '*.h' | sed 's|^\./|
   done
 done
 # Qt's headers follow the libraries: the engine includes neither Gui nor Widgets, the
-# drawing of reports and the command line no Widgets.
+# drawing of reports, the command line and the manual no Widgets.
 qt="$(find /usr/include -maxdepth 3 -type d -name QtWidgets -print -quit)"
 qt="${qt%/QtWidgets}"
 if [ -z "$qt" ]; then
@@ -34,7 +34,7 @@ fi
 for archivo in $(cd "$src" && find . -name '*.cpp' -o -name '*.h' | sed 's|^\./||' | sort); do
   case "$archivo" in
     app/* | pantallas/* | */pantallas/*) continue ;;
-    reports/* | cli/*) prohibidas=(QtWidgets QtPrintSupport) ;;
+    reports/* | cli/* | manual/*) prohibidas=(QtWidgets QtPrintSupport) ;;
     *) prohibidas=(QtGui QtWidgets QtPrintSupport) ;;
   esac
   for inc in $(grep -oE '^#include <Q[A-Za-z]+>' "$src/$archivo" | sed 's/#include <//; s/>$//'); do

@@ -66,7 +66,7 @@ frmUtiEmpresas::frmUtiEmpresas(QWidget *padre) : QDialog(padre) {
   connect(cmdFunciones[0], &QPushButton::clicked, this, [this] { ModificarEmpresa(); });
   connect(cmdFunciones[2], &QPushButton::clicked, this, [this] { EliminarEmpresa(); });
   connect(cmdFunciones[3], &QPushButton::clicked, this, &QDialog::reject);
-  connect(cmdFunciones[4], &QPushButton::clicked, this, [this] { AbrirArchivo(this, gRutaAyuda); });
+  connect(cmdFunciones[4], &QPushButton::clicked, this, [this] { AbrirAyuda(this); });
   connect(flxEmpresas, &QTableWidget::cellDoubleClicked, this, [this] { AbrirEmpresa(); });
   connect(cmdFunciones[1], &QPushButton::clicked, this, [this] { ModificarParametros(); });
   // A function key presses its button while the button is enabled; Enter is the switch.

@@ -64,7 +64,7 @@ frmDefinirAsientos::frmDefinirAsientos(QWidget *padre) : QDialog(padre) {
               }},
              {QStringLiteral("AYU"), QStringLiteral("F1"), QStringLiteral("Salir"), [this] {
                 OcultarCombos();
-                AbrirArchivo(this, gRutaAyuda);
+                AbrirAyuda(this);
               }}});
 
   const auto lista = [this](const char *nombre) {

@@ -56,6 +56,7 @@ frmEntrada::frmEntrada(QWidget *padre) : QDialog(padre), teclado(&frmTeclado::Pe
   setObjectName(QStringLiteral("frmEntrada"));
   setWindowTitle(CatalogoMensajes::Texto(100));
   setModal(true);
+  InstalarAyuda(this);
   setWindowFlag(Qt::WindowStaysOnTopHint);
   setStyleSheet(QStringLiteral("#cmdAce, #cmdCan, #cmbEmpresa, #txtCod, #txtPass "
                                "{ background-color: %1; }")

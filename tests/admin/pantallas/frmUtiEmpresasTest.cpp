@@ -284,5 +284,34 @@ TEST_P(PantallasEmpresa, ANewCompanyOnTheServerThroughItsDataSource) {
   EXPECT_EQ(Filas(*con, QStringLiteral("SELECT COUNT(*) FROM tblPlantillaMenus")), L({"418"}));
 }
 
+TEST_P(PantallasEmpresa, ANewDatabasesAdministratorIsAskedWithThePasswordTwice) {
+  frmUtiCrearEmpresa f;
+  empresa::DatosEmpresa d;
+  d.nombreAdmin = QStringLiteral("Administrador");
+  bool pedido = false;
+  QTimer::singleShot(0, [&] {
+    QWidget *dialogo = QApplication::activeModalWidget();
+    ASSERT_NE(dialogo, nullptr);
+    EXPECT_EQ(dialogo->objectName(), QStringLiteral("frmAdministrador"));
+    auto *clave = dialogo->findChild<QLineEdit *>(QStringLiteral("txtClave"));
+    auto *confirmar = dialogo->findChild<QLineEdit *>(QStringLiteral("txtConfirmar"));
+    clave->setText(QStringLiteral("secreta"));
+    confirmar->setText(QStringLiteral("secret"));
+    GuardarCaptura(dialogo, QStringLiteral("frmAdministrador"));
+    // Two passwords that differ are refused, and the dialog stays.
+    QTest::keyClick(confirmar, Qt::Key_Return);
+    EXPECT_EQ(emp->mensajes.Textos(), QStringList{QStringLiteral("Las contraseñas no coinciden.")});
+    EXPECT_TRUE(dialogo->isVisible());
+    confirmar->setText(QStringLiteral("secreta"));
+    QTest::keyClick(confirmar, Qt::Key_Return);
+    pedido = true;
+  });
+  ASSERT_TRUE(f.pedirAdministrador(d));
+  EXPECT_TRUE(pedido);
+  EXPECT_EQ(d.admin, QStringLiteral("ADMIN"));
+  EXPECT_EQ(d.nombreAdmin, QStringLiteral("Administrador"));
+  EXPECT_EQ(d.claveAdmin, QStringLiteral("secreta"));
+}
+
 INSTANTIATE_TEST_SUITE_P(Motores, PantallasEmpresa, testing::ValuesIn(MotoresDePrueba()),
                          NombreMotor);

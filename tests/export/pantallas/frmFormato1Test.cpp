@@ -404,16 +404,6 @@ TEST_P(PantallaFormato, SavingKeepsTheStepAndTheScreenAndClosingKeepsWhatWasSave
             QStringLiteral(","));
 }
 
-TEST_P(PantallaFormato, FOneOpensTheManual) {
-  std::vector<QUrl> abiertas;
-  InstalarAbridor([&](const QUrl &u) { abiertas.push_back(u); });
-  auto f = Abrir();
-  Tecla(*f, Qt::Key_F1);
-  InstalarAbridor({});
-  EXPECT_EQ(abiertas.size(), 1u);
-  EXPECT_TRUE(f->isVisible());
-}
-
 // ------------------------------------------------------------------ the package
 
 TEST_P(PantallaFormato, ThePackageIsSavedFromStepOneAndAFirstSaveInsertsOnlyItsKind) {

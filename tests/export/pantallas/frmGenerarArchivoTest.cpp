@@ -348,15 +348,6 @@ TEST_P(PantallaArchivo, EnterMovesOnFromTheDatesAndTheLists) {
   EXPECT_TRUE(emp->mensajes.mostrados.empty());
 }
 
-TEST_P(PantallaArchivo, FOneOpensTheManual) {
-  IniciarAyuda();
-  auto f = Abrir();
-  Tecla(*f, Qt::Key_F1);
-  ASSERT_EQ(abiertas.size(), 1u);
-  EXPECT_EQ(abiertas[0],
-            QUrl::fromLocalFile(emp->Ruta() + QStringLiteral("/Ayuda/TV_PVManual.pdf")));
-}
-
 TEST_P(PantallaArchivo, EscapeClosesTheScreen) {
   auto f = Abrir();
   Tecla(*f, Qt::Key_Escape);

@@ -340,15 +340,6 @@ TEST_P(PantallaGeneracion, EnterOnBuscarBitacoraPressesIt) {
   EXPECT_EQ(QApplication::focusWidget(), f->cmdBusca);
 }
 
-TEST_P(PantallaGeneracion, FOneOpensTheManual) {
-  IniciarAyuda();
-  auto f = Abrir();
-  Tecla(*f, Qt::Key_F1);
-  ASSERT_EQ(abiertas.size(), 1u);
-  EXPECT_EQ(abiertas[0],
-            QUrl::fromLocalFile(emp->Ruta() + QStringLiteral("/Ayuda/TV_PVManual.pdf")));
-}
-
 TEST_P(PantallaGeneracion, EscapeClosesTheScreen) {
   auto f = Abrir();
   Tecla(*f, Qt::Key_Escape);

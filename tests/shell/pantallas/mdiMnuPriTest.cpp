@@ -125,17 +125,6 @@ TEST_P(Principal, TheToolbarHasHelpAndExit) {
   EXPECT_EQ(m->tlbDatos->actions()[1]->toolTip(), QStringLiteral("Salir"));
 }
 
-TEST_P(Principal, FOneOpensTheManual) {
-  std::vector<QUrl> abiertas;
-  InstalarAbridor([&](const QUrl &u) { abiertas.push_back(u); });
-  auto m = Abrir();
-  QTest::keyClick(m.get(), Qt::Key_F1);
-  ASSERT_EQ(abiertas.size(), 1u);
-  EXPECT_EQ(abiertas[0],
-            QUrl::fromLocalFile(emp->Ruta() + QStringLiteral("/Ayuda/TV_PVManual.pdf")));
-  EXPECT_TRUE(emp->mensajes.mostrados.empty());
-}
-
 TEST_P(Principal, AnEmptyCompanyRowLeavesPanelOneEmptyAndTheLoadGoesOn) {
   con->Ejecutar(QStringLiteral("DELETE FROM tblEmpresa"));
   mdiMnuPri m;
