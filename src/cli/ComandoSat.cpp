@@ -10,7 +10,7 @@ namespace {
 // The file and its counts, or the faults, each on a line of its own.
 int Informar(const sat::ResultadoSat &r, const QString &elementos, Contexto &ctx) {
   if (!r.Escrito()) {
-    ctx.err << "No se escribió el archivo del SAT:\n";
+    ctx.err << sat::EncabezadoFaltas() << "\n";
     for (const QString &falta : r.faltas)
       ctx.err << "  " << falta << "\n";
     return kSalidaSat;
@@ -41,8 +41,8 @@ int Polizas(const Leidas &o, Contexto &ctx) {
   sat::PeticionPolizas p;
   p.mes = o.Mes(QStringLiteral("mes"));
   p.tipoSolicitud = o.Texto(QStringLiteral("solicitud")).toUpper();
-  p.numOrden = o.Texto(QStringLiteral("orden"));
-  p.numTramite = o.Texto(QStringLiteral("tramite"));
+  p.numOrden = o.Texto(QStringLiteral("orden")).toUpper();
+  p.numTramite = o.Texto(QStringLiteral("tramite")).toUpper();
   p.archivo = o.Texto(QStringLiteral("archivo"));
   // What the request says by itself is checked before the company is opened.
   const QStringList faltas = sat::FaltasPeticion(p);
@@ -58,6 +58,10 @@ int Polizas(const Leidas &o, Contexto &ctx) {
 }
 
 int Catalogo(const Leidas &o, Contexto &ctx) {
+  if (const QStringList faltas = sat::FaltasMes(o.Mes(QStringLiteral("mes"))); !faltas.isEmpty()) {
+    ctx.err << faltas.join(QLatin1Char('\n')) << "\n\n" << ComandoSatCatalogo().Sinopsis();
+    return kSalidaUso;
+  }
   SesionCli sesion;
   const int entrada = IniciarSesion(o, sesion);
   if (entrada != kSalidaBien)
@@ -89,9 +93,9 @@ ComandoCli ComandoSatPolizas() {
       "compulsa) lleva --orden; una DE o CO (devolución, compensación) lleva --tramite.\n"
       "El archivo se llama como lo pide el SAT (RFC, año, mes y PL.xml) y queda en la\n"
       "carpeta Export del programa si no se da --archivo. Termina con 1 si la solicitud\n"
-      "o su número no son los del SAT, y con 8, sin escribir nada, si un dato de la\n"
-      "empresa falta o no sirve (el RFC, un mes sin pólizas); el mensaje nombra el\n"
-      "campo.\n");
+      "o su número o el año no son los del SAT, y con 8, sin escribir nada, si un dato\n"
+      "de la empresa falta o no sirve (el RFC, un mes sin pólizas); el mensaje nombra\n"
+      "el campo.\n");
   c.opciones = {OpcionEmpresa(true)};
   c.opciones += OpcionesEntrada();
   c.opciones +=

@@ -177,10 +177,7 @@ DatosSat DatosSatNuevo(Conexion &con, const RubroEnPantalla &r) {
   if (r.padre.isEmpty())
     return d;
   d.codigo = LeerDatosSat(con, r.padre).codigo;
-  // "DEUDORA" or "ACREEDORA": the SAT takes the first letter.
-  const QString letra = r.naturaleza.trimmed().left(1).toUpper();
-  if (letra == u"D"_s || letra == u"A"_s)
-    d.naturaleza = letra;
+  d.naturaleza = sat::LetraNaturaleza(r.naturaleza);
   return d;
 }
 
@@ -191,12 +188,14 @@ bool ValidarDatosSat(const DatosSat &d) {
 }
 
 void GrabarDatosSat(Conexion &con, const QString &rubro, const DatosSat &d) {
+  // The row is replaced whole or not at all.
+  con.IniciarTransaccion();
   BorrarDatosSat(con, rubro);
-  if (d.codigo.isEmpty() && d.naturaleza.isEmpty())
-    return;
-  con.Ejecutar(u"INSERT INTO tblRubrosSAT (COD_RUBRO,COD_AGRUP,NATURALEZA) VALUES ('"_s +
-               Escapar(rubro.trimmed()) + u"','"_s + Escapar(d.codigo) + u"','"_s +
-               Escapar(d.naturaleza) + u"');"_s);
+  if (!d.codigo.isEmpty() || !d.naturaleza.isEmpty())
+    con.Ejecutar(u"INSERT INTO tblRubrosSAT (COD_RUBRO,COD_AGRUP,NATURALEZA) VALUES ('"_s +
+                 Escapar(rubro.trimmed()) + u"','"_s + Escapar(d.codigo) + u"','"_s +
+                 Escapar(d.naturaleza) + u"');"_s);
+  con.ConfirmarTransaccion();
 }
 
 void BorrarDatosSat(Conexion &con, const QString &rubro) {

@@ -13,6 +13,8 @@
 #include <QRegularExpression>
 #include <QSaveFile>
 #include <QXmlStreamWriter>
+#include <algorithm>
+#include <tuple>
 #include <vector>
 
 namespace sat {
@@ -38,22 +40,6 @@ bool RfcValido(const QString &rfc) {
 QString Recortar(const QString &texto, int largo) { return texto.simplified().left(largo); }
 
 QString Importe(Dinero d) { return d.Formato(u"###0.00"); }
-
-// The month's own faults: the SAT takes the years 2015 to 2099.
-void FaltasMes(const QDate &mes, QStringList &faltas) {
-  if (!mes.isValid())
-    faltas << QStringLiteral("Falta el mes del archivo (Mes).");
-  else if (mes.year() < 2015 || mes.year() > 2099)
-    faltas << QStringLiteral("El SAT recibe los años 2015 a 2099; el mes pedido es de %1 (Anio).")
-                  .arg(mes.year());
-}
-
-QString FaltaRfc(const QString &rfc) {
-  return QStringLiteral("El RFC de la empresa «%1» no tiene la forma que pide el SAT: tres o "
-                        "cuatro letras, la fecha en seis cifras y la homoclave (RFC). "
-                        "Corríjalo en los datos de la empresa.")
-      .arg(rfc);
-}
 
 // The file's path: the one given, or the SAT's name under Export.
 QString Destino(const QString &archivo, const QString &rfc, const QDate &mes, const QString &tipo) {
@@ -107,7 +93,8 @@ QString NumeroCuenta(const QString &codigo, const Rubro &rubro) {
 }
 
 struct Linea {
-  QString rubro, cuenta;
+  bool cargo = false;
+  QString rubro;
   Dinero debe, haber;
 };
 
@@ -127,15 +114,46 @@ QString NombreArchivo(const QString &rfc, const QDate &mes, const QString &tipo)
   return rfc + mes.toString(QStringLiteral("yyyyMM")) + tipo + QStringLiteral(".xml");
 }
 
+QStringList FaltasMes(const QDate &mes) {
+  if (!mes.isValid())
+    return {QStringLiteral("Falta el mes del archivo (Mes).")};
+  if (mes.year() < 2015 || mes.year() > 2099)
+    return {QStringLiteral("El SAT recibe los años 2015 a 2099; el mes pedido es de %1 (Anio).")
+                .arg(mes.year())};
+  return {};
+}
+
+QString FaltaRfc(const QString &rfc) {
+  if (rfc.isEmpty())
+    return QStringLiteral("Falta el RFC de la empresa (RFC). Escríbalo en los datos de la "
+                          "empresa.");
+  if (RfcValido(rfc))
+    return {};
+  return QStringLiteral("El RFC de la empresa «%1» no tiene la forma que pide el SAT: tres o "
+                        "cuatro letras, la fecha en seis cifras y la homoclave (RFC). "
+                        "Corríjalo en los datos de la empresa.")
+      .arg(rfc);
+}
+
+bool LlevaOrden(const QString &tipoSolicitud) {
+  return tipoSolicitud == QStringLiteral("AF") || tipoSolicitud == QStringLiteral("FC");
+}
+
+QString LetraNaturaleza(const QString &naturaleza) {
+  const QString letra = naturaleza.trimmed().left(1).toUpper();
+  return letra == QStringLiteral("D") || letra == QStringLiteral("A") ? letra : QString();
+}
+
+QString EncabezadoFaltas() { return QStringLiteral("No se escribió el archivo del SAT:"); }
+
 bool CodigoAgrupadorValido(const QString &codigo) {
   return Cumple(codigo, QStringLiteral("[0-9]{3}(\\.[0-9]{2})?"));
 }
 
 QStringList FaltasPeticion(const PeticionPolizas &p) {
-  QStringList faltas;
-  FaltasMes(p.mes, faltas);
+  QStringList faltas = FaltasMes(p.mes);
   const QString &tipo = p.tipoSolicitud;
-  const bool auditoria = tipo == QStringLiteral("AF") || tipo == QStringLiteral("FC");
+  const bool auditoria = LlevaOrden(tipo);
   const bool tramite = tipo == QStringLiteral("DE") || tipo == QStringLiteral("CO");
   if (!auditoria && !tramite) {
     faltas << QStringLiteral("El tipo de solicitud «%1» no es del SAT: AF o FC (acto de "
@@ -171,8 +189,8 @@ ResultadoSat EscribirPolizas(Conexion &con, const PeticionPolizas &p) {
   ResultadoSat res;
   res.faltas = FaltasPeticion(p);
   const QString rfc = RfcEmpresa(con);
-  if (!RfcValido(rfc))
-    res.faltas << FaltaRfc(rfc);
+  if (const QString falta = FaltaRfc(rfc); !falta.isEmpty())
+    res.faltas << falta;
   if (!res.faltas.isEmpty())
     return res;
 
@@ -194,11 +212,19 @@ ResultadoSat EscribirPolizas(Conexion &con, const PeticionPolizas &p) {
        !r.Fin(); r.Siguiente()) {
     const bool cargo = !r.Campo(2).Texto().isEmpty();
     Linea l;
+    l.cargo = cargo;
     l.rubro = r.Campo(cargo ? 2 : 3).Texto().trimmed();
-    l.cuenta = r.Campo(cargo ? 4 : 5).Texto().trimmed();
-    (cargo ? l.debe : l.haber) = r.Campo(cargo ? 6 : 7).ComoDinero();
+    // Cents as the journal rounds them.
+    (cargo ? l.debe : l.haber) = Round2(r.Campo(cargo ? 6 : 7).ComoDinero());
     lineas[r.Campo(0).Texto() + QLatin1Char('-') + r.Campo(1).Texto()].push_back(l);
   }
+  // The lines of an entry have no order of their own: debits first, then by rubro and
+  // amount, the same on every engine.
+  for (std::vector<Linea> &suyas : lineas)
+    std::stable_sort(suyas.begin(), suyas.end(), [](const Linea &a, const Linea &b) {
+      return std::tuple(!a.cargo, a.rubro, a.debe + a.haber) <
+             std::tuple(!b.cargo, b.rubro, b.debe + b.haber);
+    });
 
   QByteArray salida;
   QXmlStreamWriter xml(&salida);
@@ -233,21 +259,22 @@ ResultadoSat EscribirPolizas(Conexion &con, const PeticionPolizas &p) {
     xml.writeAttribute(QStringLiteral("NumUnIdenPol"), clave);
     xml.writeAttribute(QStringLiteral("Fecha"), r.Campo(2).Fecha().toString(Qt::ISODate));
     xml.writeAttribute(QStringLiteral("Concepto"), concepto);
+    Dinero debe, haber;
     for (const Linea &l : *suyas) {
+      // The account as the chart of accounts of the same month names it.
       const auto rubro = rubros.constFind(l.rubro);
       QString descripcion;
-      QString cuenta = l.cuenta;
+      QString cuenta = l.rubro;
       if (rubro != rubros.constEnd()) {
         descripcion = Recortar(rubro->descripcion, 100);
-        if (cuenta.isEmpty())
-          cuenta = NumeroCuenta(l.rubro, *rubro);
+        cuenta = NumeroCuenta(l.rubro, *rubro);
       }
       if (descripcion.isEmpty())
         res.faltas << QStringLiteral("La póliza %1 tiene un renglón del rubro «%2», que no está "
                                      "en el catálogo o no tiene descripción (DesCta).")
                           .arg(clave, l.rubro);
-      if (cuenta.isEmpty())
-        cuenta = l.rubro;
+      debe += l.debe;
+      haber += l.haber;
       xml.writeEmptyElement(kNsPolizas, QStringLiteral("Transaccion"));
       xml.writeAttribute(QStringLiteral("NumCta"), Recortar(cuenta, 100));
       xml.writeAttribute(QStringLiteral("DesCta"), descripcion);
@@ -256,6 +283,10 @@ ResultadoSat EscribirPolizas(Conexion &con, const PeticionPolizas &p) {
       xml.writeAttribute(QStringLiteral("Haber"), Importe(l.haber));
       ++res.transacciones;
     }
+    if (debe != haber)
+      res.faltas << QStringLiteral("La póliza %1 no cuadra: sus cargos suman %2 y sus abonos %3 "
+                                   "(Debe, Haber).")
+                        .arg(clave, debe.Formato(u"#,##0.00"), haber.Formato(u"#,##0.00"));
     xml.writeEndElement();
     ++res.elementos;
   }
@@ -274,10 +305,10 @@ ResultadoSat EscribirPolizas(Conexion &con, const PeticionPolizas &p) {
 
 ResultadoSat EscribirCatalogo(Conexion &con, const QDate &mes, const QString &archivo) {
   ResultadoSat res;
-  FaltasMes(mes, res.faltas);
+  res.faltas = FaltasMes(mes);
   const QString rfc = RfcEmpresa(con);
-  if (!RfcValido(rfc))
-    res.faltas << FaltaRfc(rfc);
+  if (const QString falta = FaltaRfc(rfc); !falta.isEmpty())
+    res.faltas << falta;
   if (!res.faltas.isEmpty())
     return res;
 
@@ -308,8 +339,9 @@ ResultadoSat EscribirCatalogo(Conexion &con, const QDate &mes, const QString &ar
   xml.writeAttribute(QStringLiteral("RFC"), rfc);
   xml.writeAttribute(QStringLiteral("Mes"), mes.toString(QStringLiteral("MM")));
   xml.writeAttribute(QStringLiteral("Anio"), QString::number(mes.year()));
+  QHash<QString, QString> cuentas; // each account once: the rubro that has it
   for (const QString &codigo : codigos) {
-    const Rubro &rubro = rubros[codigo];
+    const Rubro rubro = rubros.value(codigo);
     const QString cuenta = NumeroCuenta(codigo, rubro);
     const QString nombre = QStringLiteral("%1 (%2 %3)").arg(cuenta, codigo, rubro.descripcion);
     const Sat propio = sat.value(codigo);
@@ -321,24 +353,41 @@ ResultadoSat EscribirCatalogo(Conexion &con, const QDate &mes, const QString &ar
                                    "del SAT: tres cifras, y para una subcuenta un punto y dos "
                                    "cifras más (CodAgrup).")
                         .arg(propio.codigo, nombre);
+    if (const QString otro = cuentas.value(cuenta); !otro.isEmpty())
+      res.faltas << QStringLiteral("Los rubros %1 y %2 tienen la misma cuenta %3: el SAT pide "
+                                   "un número de cuenta para cada una (NumCta).")
+                        .arg(otro, codigo, cuenta);
+    cuentas.insert(cuenta, codigo);
     // The rubro's own nature stands when the SAT's row has none.
-    QString naturaleza = propio.naturaleza;
-    if (naturaleza != QStringLiteral("D") && naturaleza != QStringLiteral("A"))
-      naturaleza = rubro.naturaleza.left(1).toUpper();
-    if (naturaleza != QStringLiteral("D") && naturaleza != QStringLiteral("A"))
+    QString naturaleza = LetraNaturaleza(propio.naturaleza);
+    if (naturaleza.isEmpty())
+      naturaleza = LetraNaturaleza(rubro.naturaleza);
+    if (naturaleza.isEmpty())
       res.faltas << QStringLiteral("La cuenta %1 no tiene naturaleza deudora ni acreedora "
                                    "(Natur).")
                         .arg(nombre);
     if (rubro.descripcion.isEmpty())
       res.faltas << QStringLiteral("La cuenta %1 no tiene descripción (Desc).").arg(nombre);
 
-    // The level counts the parents up to the first section; a parent that isn't in the
-    // chart ends the chain.
+    // The level counts the parents up to the first section. A parent missing from the
+    // chart, or a chain that comes back to a rubro it passed, can't be told to the SAT.
     int nivel = 1;
-    QString padre = rubro.padre;
-    while (!padre.isEmpty() && rubros.contains(padre) && nivel <= rubros.size()) {
+    QStringList vistos{codigo};
+    for (QString padre = rubro.padre; !padre.isEmpty(); padre = rubros.value(padre).padre) {
+      if (!rubros.contains(padre)) {
+        res.faltas << QStringLiteral("La cuenta %1 acumula en el rubro «%2», que no está en el "
+                                     "catálogo (SubCtaDe).")
+                          .arg(nombre, padre);
+        break;
+      }
+      if (vistos.contains(padre)) {
+        res.faltas << QStringLiteral("La cuenta %1 acumula en una cadena de rubros que vuelve "
+                                     "sobre sí misma: %2 (SubCtaDe).")
+                          .arg(nombre, (vistos << padre).join(QStringLiteral(" → ")));
+        break;
+      }
+      vistos << padre;
       ++nivel;
-      padre = rubros[padre].padre;
     }
     xml.writeEmptyElement(kNsCatalogo, QStringLiteral("Ctas"));
     xml.writeAttribute(QStringLiteral("CodAgrup"), propio.codigo);
@@ -346,7 +395,7 @@ ResultadoSat EscribirCatalogo(Conexion &con, const QDate &mes, const QString &ar
     xml.writeAttribute(QStringLiteral("Desc"), Recortar(rubro.descripcion, 400));
     if (nivel > 1)
       xml.writeAttribute(QStringLiteral("SubCtaDe"),
-                         Recortar(NumeroCuenta(rubro.padre, rubros[rubro.padre]), 100));
+                         Recortar(NumeroCuenta(rubro.padre, rubros.value(rubro.padre)), 100));
     xml.writeAttribute(QStringLiteral("Nivel"), QString::number(nivel));
     xml.writeAttribute(QStringLiteral("Natur"), naturaleza);
     ++res.elementos;

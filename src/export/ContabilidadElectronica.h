@@ -38,6 +38,17 @@ QString RfcEmpresa(Conexion &con);
 QString NombreArchivo(const QString &rfc, const QDate &mes, const QString &tipo);
 // The faults of a request by itself, before anything is read.
 QStringList FaltasPeticion(const PeticionPolizas &p);
+// The faults of the month of a file by itself (the SAT takes the years 2015 to 2099).
+QStringList FaltasMes(const QDate &mes);
+// The fault of the company's RFC; empty when it fits the SAT's pattern.
+QString FaltaRfc(const QString &rfc);
+// An audit (AF, FC) carries an order number; a refund or compensation (DE, CO) a
+// procedure number.
+bool LlevaOrden(const QString &tipoSolicitud);
+// "D" or "A" from a nature as the chart writes it ("DEUDORA", "A"…); empty for another.
+QString LetraNaturaleza(const QString &naturaleza);
+// The heading of a refusal, before its faults.
+QString EncabezadoFaltas();
 
 // The entries of the month, each with its lines, from the journal tables.
 ResultadoSat EscribirPolizas(Conexion &con, const PeticionPolizas &p);

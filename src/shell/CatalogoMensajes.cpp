@@ -123,8 +123,8 @@ constexpr Entrada kCatalogo[] = {
     // rubros: a bank account uses the rubro
     {5528, "El rubro está asignado a una cuenta bancaria. No se puede eliminar."},
     // rubros: the SAT's grouping code isn't of its form
-    {5529, "El código agrupador del SAT son tres cifras y, para una subcuenta, un punto y dos "
-           "cifras más (por ejemplo 102 o 102.01)."},
+    {5529, "El código agrupador del SAT lleva tres cifras y, para una subcuenta, un punto y "
+           "dos cifras más (por ejemplo 102 o 102.01)."},
 };
 
 constexpr bool EstaOrdenado() {

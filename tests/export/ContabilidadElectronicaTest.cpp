@@ -111,6 +111,8 @@ bool Nombra(const sat::ResultadoSat &r, const char *campo) {
 
 } // namespace
 
+// The lines carry the rubro's account in the chart, not the one the rule stored (4100),
+// and cents as the journal rounds them, half to even.
 TEST_P(Sat, TheMonthsEntriesWithLinesGoToTheFileUnderTheSatsName) {
   const sat::ResultadoSat r = sat::EscribirPolizas(*con, Peticion());
   ASSERT_TRUE(r.Escrito()) << r.faltas.join(QLatin1Char('\n')).toStdString();
@@ -132,15 +134,15 @@ TEST_P(Sat, TheMonthsEntriesWithLinesGoToTheFileUnderTheSatsName) {
           "Concepto=\"Póliza D-00000000001\">\n"
           "        <PLZ:Transaccion NumCta=\"1101\" DesCta=\"CAJA\" Concepto=\"Póliza "
           "D-00000000001\" Debe=\"10.00\" Haber=\"0.00\"/>\n"
-          "        <PLZ:Transaccion NumCta=\"4100\" DesCta=\"VENTAS &amp; SERVICIOS\" "
+          "        <PLZ:Transaccion NumCta=\"4-01\" DesCta=\"VENTAS &amp; SERVICIOS\" "
           "Concepto=\"Póliza D-00000000001\" Debe=\"0.00\" Haber=\"10.00\"/>\n"
           "    </PLZ:Poliza>\n"
           "    <PLZ:Poliza NumUnIdenPol=\"I-00000000002\" Fecha=\"2026-10-05\" "
           "Concepto=\"VENTA D'ANGELO &lt;MOSTRADOR&gt;\">\n"
           "        <PLZ:Transaccion NumCta=\"1101\" DesCta=\"CAJA\" Concepto=\"VENTA D'ANGELO "
-          "&lt;MOSTRADOR&gt;\" Debe=\"1160.01\" Haber=\"0.00\"/>\n"
+          "&lt;MOSTRADOR&gt;\" Debe=\"1160.00\" Haber=\"0.00\"/>\n"
           "        <PLZ:Transaccion NumCta=\"4-01\" DesCta=\"VENTAS &amp; SERVICIOS\" "
-          "Concepto=\"VENTA D'ANGELO &lt;MOSTRADOR&gt;\" Debe=\"0.00\" Haber=\"1160.01\"/>\n"
+          "Concepto=\"VENTA D'ANGELO &lt;MOSTRADOR&gt;\" Debe=\"0.00\" Haber=\"1160.00\"/>\n"
           "    </PLZ:Poliza>\n"
           "</PLZ:Polizas>\n"));
   EXPECT_EQ(satprueba::Validar(r.archivo, QStringLiteral("PolizasPeriodo_1_3.xsd")), QString());
@@ -287,6 +289,58 @@ TEST_P(Sat, ACompanyMadeBeforeTheSatTableGetsItAndHearsWhatIsMissing) {
   EXPECT_EQ(r.faltas.size(), 4);
   EXPECT_TRUE(Nombra(r, "CodAgrup"));
   EXPECT_EQ(emp->Contar(QStringLiteral("tblRubrosSAT")), 0);
+}
+
+TEST_P(Sat, AnEntryWhoseLinesDontBalanceIsNamed) {
+  Poliza(
+      QStringLiteral("D"), QStringLiteral("00000000008"), QDate(2026, 10, 21),
+      QStringLiteral("AJUSTE"),
+      {Cargo("1-01", "1101", "0.015"), Cargo("1-01", "1101", "0.015"), Abono("4-01", "", "0.03")});
+  const sat::ResultadoSat r = sat::EscribirPolizas(*con, Peticion());
+  // 0.015 and 0.015 are 0.02 and 0.02 in cents; 0.03 stays 0.03.
+  EXPECT_EQ(r.faltas, QStringList{QStringLiteral("La póliza D-00000000008 no cuadra: sus cargos "
+                                                 "suman 0.04 y sus abonos 0.03 (Debe, Haber).")});
+  EXPECT_TRUE(ExportVacio());
+}
+
+TEST_P(Sat, AParentMissingOrAChainThatComesBackIsNamedInTheChart) {
+  Rubro("7", "ORDEN", "9", "DEUDORA", "7000");
+  Codigo("7", "800", "D");
+  con->Ejecutar(QStringLiteral("UPDATE tblCatRubros SET ACUM_RUBRO='4-01' WHERE COD_RUBRO='4'"));
+  const sat::ResultadoSat r = sat::EscribirCatalogo(*con, QDate(2026, 10, 1));
+  EXPECT_EQ(r.faltas,
+            QStringList({QStringLiteral("La cuenta 4000 (4 INGRESOS) acumula en una cadena de "
+                                        "rubros que vuelve sobre sí misma: 4 → 4-01 → 4 "
+                                        "(SubCtaDe)."),
+                         QStringLiteral("La cuenta 4-01 (4-01 VENTAS & SERVICIOS) acumula en una "
+                                        "cadena de rubros que vuelve sobre sí misma: 4-01 → 4 → "
+                                        "4-01 (SubCtaDe)."),
+                         QStringLiteral("La cuenta 7000 (7 ORDEN) acumula en el rubro «9», que no "
+                                        "está en el catálogo (SubCtaDe).")}));
+  EXPECT_TRUE(ExportVacio());
+}
+
+TEST_P(Sat, TwoRubrosWithOneAccountAreRefused) {
+  con->Ejecutar(
+      QStringLiteral("UPDATE tblCatRubros SET CUENTA_RUBRO='1101' WHERE COD_RUBRO='4-01'"));
+  const sat::ResultadoSat r = sat::EscribirCatalogo(*con, QDate(2026, 10, 1));
+  EXPECT_EQ(r.faltas, QStringList{QStringLiteral("Los rubros 1-01 y 4-01 tienen la misma cuenta "
+                                                 "1101: el SAT pide un número de cuenta para "
+                                                 "cada una (NumCta).")});
+}
+
+TEST_P(Sat, ACompanyOfThirteenCharactersAndItsSignsFitsTheSatsPattern) {
+  con->Ejecutar(QStringLiteral("UPDATE tblEmpresa SET RFC1_EMP='ÑA&O',RFC2_EMP='800101',"
+                               "RFC3_EMP='XY9' WHERE COD_EMPRESA=1"));
+  const sat::ResultadoSat r = sat::EscribirPolizas(*con, Peticion());
+  ASSERT_TRUE(r.Escrito()) << r.faltas.join(QLatin1Char('\n')).toStdString();
+  EXPECT_TRUE(r.archivo.endsWith(QStringLiteral("ÑA&O800101XY9202610PL.xml")));
+  EXPECT_EQ(satprueba::Validar(r.archivo, QStringLiteral("PolizasPeriodo_1_3.xsd")), QString());
+  con->Ejecutar(QStringLiteral("UPDATE tblEmpresa SET RFC1_EMP='',RFC2_EMP='',RFC3_EMP='' WHERE "
+                               "COD_EMPRESA=1"));
+  EXPECT_EQ(sat::EscribirCatalogo(*con, QDate(2026, 10, 1)).faltas,
+            QStringList{QStringLiteral("Falta el RFC de la empresa (RFC). Escríbalo en los datos "
+                                       "de la empresa.")});
 }
 
 TEST(CodigoAgrupador, ThreeDigitsAndForASubaccountAPointAndTwoMore) {

@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <optional>
 
 frmCatalogo::frmCatalogo(QWidget *padre) : QDialog(padre), busqueda(&frmBuscar::Buscar) {
@@ -56,9 +57,10 @@ frmCatalogo::frmCatalogo(QWidget *padre) : QDialog(padre), busqueda(&frmBuscar::
   txtCodAgrup->setPlaceholderText(QStringLiteral("102.01"));
   cmbNaturSat = new QComboBox(this);
   cmbNaturSat->setObjectName(QStringLiteral("cmbNaturSat"));
+  // Without a nature of its own the rubro's stands in the SAT's chart.
+  cmbNaturSat->addItem(QStringLiteral("La del rubro"), QString());
   cmbNaturSat->addItem(QStringLiteral("D - Deudora"), QStringLiteral("D"));
   cmbNaturSat->addItem(QStringLiteral("A - Acreedora"), QStringLiteral("A"));
-  cmbNaturSat->setCurrentIndex(-1);
 
   auto *capa = new QGridLayout;
   const std::pair<const char *, QWidget *> filas[] = {
@@ -132,7 +134,7 @@ DatosSat frmCatalogo::LeerSat() const {
 
 void frmCatalogo::MostrarSat(const DatosSat &d) {
   txtCodAgrup->setText(d.codigo);
-  cmbNaturSat->setCurrentIndex(cmbNaturSat->findData(d.naturaleza));
+  cmbNaturSat->setCurrentIndex(std::max(0, cmbNaturSat->findData(d.naturaleza)));
 }
 
 void frmCatalogo::PrepararRubroNuevo() {

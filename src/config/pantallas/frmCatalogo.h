@@ -37,7 +37,7 @@ public:
   QLabel *lblNaturaleza;
   // The SAT's grouping code and nature of the rubro, for the electronic accounting.
   QLineEdit *txtCodAgrup;
-  QComboBox *cmbNaturSat; // "D - Deudora", "A - Acreedora"; none chosen when unknown
+  QComboBox *cmbNaturSat; // "La del rubro", "D - Deudora", "A - Acreedora"
   BarraPantalla *tlbCatalogo;
 
 protected:

@@ -43,7 +43,7 @@ QString Faltas(const QStringList &faltas) {
   QStringList lineas = faltas.mid(0, kMostradas);
   if (faltas.size() > kMostradas)
     lineas << QStringLiteral("… y %1 más.").arg(faltas.size() - kMostradas);
-  return QStringLiteral("No se escribió el archivo del SAT:\n\n") + lineas.join(QLatin1Char('\n'));
+  return sat::EncabezadoFaltas() + QStringLiteral("\n\n") + lineas.join(QLatin1Char('\n'));
 }
 
 ComboDatos *Filtro(QWidget *padre, const char *nombre) {
@@ -119,8 +119,7 @@ frmGenerarArchivo::frmGenerarArchivo(QWidget *padre) : QDialog(padre), cdgArchiv
   capaSat->addWidget(txtNumero, 1, 1);
   capaSat->setColumnStretch(1, 1);
   const auto numero = [this] {
-    const QString tipo = cmbSolicitud->currentData().toString();
-    const bool orden = tipo == QStringLiteral("AF") || tipo == QStringLiteral("FC");
+    const bool orden = sat::LlevaOrden(cmbSolicitud->currentData().toString());
     lblNumero->setText(orden ? QStringLiteral("Número de orden")
                              : QStringLiteral("Número de trámite"));
     txtNumero->setPlaceholderText(orden ? QStringLiteral("ABC1234567/26")
@@ -193,16 +192,20 @@ void frmGenerarArchivo::GenerarSat() {
   sat::PeticionPolizas p;
   p.mes = ini;
   p.tipoSolicitud = cmbSolicitud->currentData().toString();
-  const bool orden =
-      p.tipoSolicitud == QStringLiteral("AF") || p.tipoSolicitud == QStringLiteral("FC");
-  (orden ? p.numOrden : p.numTramite) = txtNumero->text().trimmed().toUpper();
+  (sat::LlevaOrden(p.tipoSolicitud) ? p.numOrden : p.numTramite) =
+      txtNumero->text().trimmed().toUpper();
   if (const QStringList faltas = sat::FaltasPeticion(p); !faltas.isEmpty()) {
     CatalogoMensajes::MostrarTexto(Faltas(faltas), IconoMensaje::Advertencia);
     txtNumero->setFocus();
     return;
   }
-  p.archivo = UnirRuta(CarpetaExport(),
-                       sat::NombreArchivo(sat::RfcEmpresa(*conexion_), ini, QStringLiteral("PL")));
+  // The RFC names the file: it is checked before the question about replacing one.
+  const QString rfc = sat::RfcEmpresa(*conexion_);
+  if (const QString falta = sat::FaltaRfc(rfc); !falta.isEmpty()) {
+    CatalogoMensajes::MostrarTexto(Faltas({falta}), IconoMensaje::Advertencia);
+    return;
+  }
+  p.archivo = UnirRuta(CarpetaExport(), sat::NombreArchivo(rfc, ini, QStringLiteral("PL")));
   if (QFileInfo::exists(RutaNativa(p.archivo)) &&
       CatalogoMensajes::MostrarTexto(QStringLiteral("El archivo %1 ya existe. ¿Desea reemplazarlo?")
                                          .arg(QDir::toNativeSeparators(RutaNativa(p.archivo))),

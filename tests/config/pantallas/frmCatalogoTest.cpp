@@ -257,7 +257,7 @@ TEST_P(Catalogo, ANewChildStartsWithItsParentsSatCodeAndNatureAndKeepsWhatIsType
   QTest::keyClick(f->txtDesRubro, Qt::Key_F6);
   EXPECT_EQ(f->txtCodAgrup->text(), QStringLiteral("201.06"));
   f->txtCodAgrup->setText(QStringLiteral("205.06"));
-  f->cmbNaturSat->setCurrentIndex(0);
+  f->cmbNaturSat->setCurrentIndex(1);
   emp->mensajes.respuestas = {RespuestaMensaje::Si};
   QTest::keyClick(f->txtDesRubro, Qt::Key_F10);
   EXPECT_EQ(Sat("2-01-100"), QStringLiteral("205.06|D"));
@@ -281,11 +281,11 @@ TEST_P(Catalogo, ACodeOutOfTheSatsFormIsRefusedBeforeAnythingIsWritten) {
 TEST_P(Catalogo, ASystemRubrosCodeSavedOnTheScreenGoesToTheSatsChart) {
   f->busqueda = [](QWidget *, Conexion &, const QString &) { return QStringLiteral("1"); };
   QTest::keyClick(f->txtDesRubro, Qt::Key_F6);
-  // No SAT row yet: the code is empty and the nature unchosen.
+  // No SAT row yet: the code is empty and the nature the rubro's.
   EXPECT_EQ(f->txtCodAgrup->text(), QString());
-  EXPECT_EQ(f->cmbNaturSat->currentIndex(), -1);
+  EXPECT_EQ(f->cmbNaturSat->currentText(), QStringLiteral("La del rubro"));
   f->txtCodAgrup->setText(QStringLiteral("100"));
-  f->cmbNaturSat->setCurrentIndex(0);
+  f->cmbNaturSat->setCurrentIndex(1);
   emp->mensajes.respuestas = {RespuestaMensaje::Si};
   QTest::keyClick(f->txtDesRubro, Qt::Key_F10);
   EXPECT_EQ(Sat("1"), QStringLiteral("100|D"));
