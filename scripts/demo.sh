@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Installs what is missing, builds, creates the demo installation (demo/ or the folder
-# given) and runs the main job on it: the month's journal entries, their export for
-# CONTPAQ and in a user layout of two rows, the detailed journal list as PDF, and a summary.
+# Installs what is missing, builds the program and its manual, creates the demo
+# installation (demo/ or the folder given, with the manual in Ayuda/) and runs the main job
+# on it: the month's journal entries, their export for CONTPAQ and in a user layout of two
+# rows, the detailed journal list as PDF, and a summary.
 set -euo pipefail
 raiz="$(cd "$(dirname "$0")/.." && pwd)"
 destino="${1:-$raiz/demo}"
@@ -15,8 +16,13 @@ al=$(date -d "$(date +%Y-%m-01) -1 day" +%F)
 export ESCRIBANO_CLAVE=demo
 sesion=(--usuario ADMIN)
 
+echo "== Manual del usuario (capturas de las pantallas y Ayuda/TV_PVManual.pdf)"
+cmake --build "$raiz/build" --target manual | tail -n 1
+echo
 echo "== Empresa de demostración"
 "$cli" --ruta "$destino" demo --reconstruir
+# F1 opens the manual of the installation: the one just built replaces an older one.
+cp "$raiz/build/Ayuda/TV_PVManual.pdf" "$raiz/build/Ayuda/TV_PVManual.paginas" "$destino/Ayuda/"
 echo
 echo "== Sesión de la empresa 1"
 "$cli" --ruta "$destino" resumen --empresa 1

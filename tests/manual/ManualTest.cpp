@@ -24,7 +24,8 @@ QString Poppler(const QString &programa, const QStringList &args) {
   if (!p.waitForFinished(120000) || p.exitCode() != 0)
     return QStringLiteral("<%1 falló: %2>")
         .arg(programa, QString::fromUtf8(p.readAllStandardError()));
-  return QString::fromUtf8(p.readAllStandardOutput());
+  // The font joins "fi" and "fl" into one glyph, which comes back as its ligature.
+  return QString::fromUtf8(p.readAllStandardOutput()).normalized(QString::NormalizationForm_KC);
 }
 
 QString Pagina(const QString &pdf, int pagina) {
@@ -84,10 +85,11 @@ TEST_F(Manual, ItHasATitlePageContentsWithTheRealPagesAndNumberedPages) {
                                        .arg(c.pagina),
                                    QRegularExpression::MultilineOption);
     EXPECT_TRUE(contenido.contains(linea)) << c.titulo.toStdString();
-    // …and the chapter's title heads that very page, which carries its number below.
+    // …and the chapter's title heads that very page (on one line or two), which carries
+    // its number below.
     const QString texto = Pagina(pdf, c.pagina);
-    EXPECT_EQ(texto.trimmed().section(QLatin1Char('\n'), 0, 0).trimmed(), c.titulo)
-        << c.capitulo.toStdString();
+    EXPECT_TRUE(Simple(texto.trimmed().section(QLatin1Char('\n'), 0, 1)).startsWith(c.titulo))
+        << c.capitulo.toStdString() << ": " << texto.left(200).toStdString();
     EXPECT_TRUE(
         texto.contains(QRegularExpression(QStringLiteral("\\n\\s*%1\\s*\\n*\\f?$").arg(c.pagina))))
         << c.capitulo.toStdString();
@@ -132,12 +134,20 @@ TEST(ManualCapitulos, EveryScreensChapterIsAChapterOfTheManual) {
 TEST(ManualCapitulos, EveryNumberedMessageIsExplainedWhenSomethingGoesWrong) {
   const QString texto =
       QString::fromUtf8(LeerArchivo(kCapitulos + QStringLiteral("/11-problemas.md")));
+  // "| 5520 | the message's text | what it means and what to do |"
   std::set<int> explicados;
-  for (auto m = QRegularExpression(QStringLiteral("^\\|\\s*(\\d+)\\s*\\|"),
+  for (auto m = QRegularExpression(QStringLiteral("^\\|\\s*(\\d+)\\s*\\|\\s*([^|]*[^|\\s])\\s*\\|"),
                                    QRegularExpression::MultilineOption)
                     .globalMatch(texto);
-       m.hasNext();)
-    explicados.insert(m.next().captured(1).toInt());
+       m.hasNext();) {
+    const QRegularExpressionMatch fila = m.next();
+    const int id = fila.captured(1).toInt();
+    explicados.insert(id);
+    // The text as the message box shows it, a completion of its own aside ("…").
+    EXPECT_TRUE(CatalogoMensajes::Texto(id).startsWith(
+        fila.captured(2).remove(QStringLiteral(" …")).remove(QChar(u'…'))))
+        << id << ": " << fila.captured(2).toStdString();
+  }
   for (const int id : CatalogoMensajes::Ids()) {
     if (id == 100) // the title of the boxes, no message
       continue;
