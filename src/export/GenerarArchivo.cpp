@@ -468,7 +468,13 @@ QString ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Reng
   const QString textoTipo = tipo.Texto();
   // The package's number of the type is asked for on every line (once per run with memory).
   QHash<QString, QString> *respuestas = e.respuestas ? &*e.respuestas : nullptr;
-  const QString tipoPoliza = ObtenerTipoPoliza(con, f, textoTipo, respuestas);
+  const QString tipoPoliza =
+      respuestas ? Recordar(e.numeroTipo, tipo.Variante(), {},
+                            [&](RenglonEnCurso::Recordado &r) {
+                              r.texto = ObtenerTipoPoliza(con, f, textoTipo, respuestas);
+                            })
+                       .texto
+                 : ObtenerTipoPoliza(con, f, textoTipo, nullptr);
   const QString &campoTipo = Recordar(e.tipo, tipoPoliza, {}, [&](RenglonEnCurso::Recordado &r) {
                                r.texto = CampoListo(f, false, tipoPoliza, f.LongTipo, f.AlTipo);
                              }).texto;
@@ -482,10 +488,14 @@ QString ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Reng
   // is a credit and takes the credit account.
   const Dinero debe = noNulo(kImpDebe).ComoDinero();
   const bool esDebe = debe > Dinero();
-  TextoCorto cuenta;
-  const QString campoCuenta = CampoListo(
-      f, false, CuentaFormateada(f, noNulo(esDebe ? kCuentaDebe : kCuentaHaber).Texto(), cuenta),
-      f.LongCuenta, f.AlCuenta);
+  const QString cuenta = noNulo(esDebe ? kCuentaDebe : kCuentaHaber).Texto();
+  auto hecha = e.cuentas.constFind(cuenta);
+  if (hecha == e.cuentas.constEnd()) {
+    TextoCorto formateada;
+    hecha = e.cuentas.insert(cuenta, CampoListo(f, false, CuentaFormateada(f, cuenta, formateada),
+                                                f.LongCuenta, f.AlCuenta));
+  }
+  const QString &campoCuenta = *hecha;
 
   QString campoImporte;
   if (f.ColumnasSeparadas) {
@@ -498,9 +508,18 @@ QString ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Reng
     campoImporte = f.Encierro % f.MarcaHaber % f.Encierro % f.Separador %
                    CampoListo(f, true, Monto(haber), f.LongHaber, f.AlHaber);
   }
-  // The sums go in two columns in every style.
-  const Dinero sumaDebe = noNulo(kSumDebe).ComoDinero();
-  const Dinero sumaHaber = noNulo(kSumHaber).ComoDinero();
+  // The sums go in two columns in every style; the package's has none, but a sum that is
+  // no amount stops its run too. The lines of an entry carry the same ones.
+  const Valor valorSumaDebe = noNulo(kSumDebe);
+  const Valor valorSumaHaber = noNulo(kSumHaber);
+  const QString &campoSumas = Recordar(e.suma, valorSumaDebe.Variante(), valorSumaHaber.Variante(),
+                                       [&](RenglonEnCurso::Recordado &r) {
+                                         const Dinero sumaDebe = valorSumaDebe.ComoDinero();
+                                         const Dinero sumaHaber = valorSumaHaber.ComoDinero();
+                                         if (!f.EsPaquete)
+                                           r.texto = DosColumnas(f, sumaDebe, sumaHaber);
+                                       })
+                                  .texto;
 
   // The first row is written only when the entry changes, or on every line of a one-row
   // format: it is put together only then.
@@ -513,21 +532,24 @@ QString ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Reng
       renglon1 = QStringLiteral("P ") % campoFecha.texto % campoTipo % campoFolio %
                  QStringLiteral("0 ") % QStringLiteral("000 ") % campoConcepto %
                  QStringLiteral("0 ") % QStringLiteral("0 ") % kFinLinea % QStringLiteral("N    ");
-    renglon2 = QStringLiteral("M ") % campoCuenta %
-               CampoListo(f, false, ObtenerReferencia(con, textoFolio, respuestas), 10, 1) %
-               campoImporte % QStringLiteral("000 ") % QStringLiteral("0.00 ") %
+    const QString campoReferencia =
+        respuestas ? Recordar(e.referencia, folio.Variante(), {},
+                              [&](RenglonEnCurso::Recordado &r) {
+                                r.texto = CampoListo(f, false,
+                                                     ObtenerReferencia(con, textoFolio, respuestas),
+                                                     10, 1);
+                              })
+                         .texto
+                   : CampoListo(f, false, ObtenerReferencia(con, textoFolio, nullptr), 10, 1);
+    renglon2 = QStringLiteral("M ") % campoCuenta % campoReferencia % campoImporte %
+               QStringLiteral("000 ") % QStringLiteral("0.00 ") %
                QStringView(campoConcepto).left(30);
   } else {
     // Row 1 carries the sums when there is a detail row to carry the amounts.
     if (conRenglon1) {
       const QString *importe = &campoImporte;
       if (f.NumRenglones != 1)
-        importe =
-            &Recordar(e.suma, qint64{sumaDebe.Diezmilesimos()}, qint64{sumaHaber.Diezmilesimos()},
-                      [&](RenglonEnCurso::Recordado &r) {
-                        r.texto = DosColumnas(f, sumaDebe, sumaHaber);
-                      })
-                 .texto;
+        importe = &campoSumas;
       renglon1 = ArmarUsuario(f.Renglon1, {&campoFolio, &campoFecha.texto, &campoTipo, &campoCuenta,
                                            &campoConcepto, importe});
     }

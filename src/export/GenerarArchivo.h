@@ -70,6 +70,11 @@ struct RenglonEnCurso {
   Recordado folio, fecha, tipo, concepto, suma;
   // The run's answers to its lookups, by statement text; null when the memory is off.
   std::optional<QHash<QString, QString>> respuestas;
+  // With the memory, the last answer of each lookup by the value it was asked for: the
+  // lines of one entry ask the same, and needn't even spell the statement again.
+  Recordado numeroTipo, referencia;
+  // The account's finished field by the account: a period names few accounts many times.
+  QHash<QString, QString> cuentas;
 };
 
 // The text for the current journal line of the selection: one or more lines of the

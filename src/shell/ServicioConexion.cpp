@@ -247,7 +247,8 @@ Registros::~Registros() {
 void Registros::Siguiente() {
   if (c_ ? c_->Siguiente() : q_->next()) {
     fin_ = false;
-    LeerFila();
+    if (c_)
+      LeerFila();
   } else {
     fin_ = true;
     fila_.clear();
@@ -256,9 +257,10 @@ void Registros::Siguiente() {
 
 void Registros::LeerFila() {
   // Read in column order: some ODBC drivers hand a forward-only row out only that way.
+  // Qt's query keeps its row itself, and gives a column when it is asked for.
   fila_.resize(nombres_.size());
   for (int i = 0; i < nombres_.size(); ++i)
-    fila_[static_cast<std::size_t>(i)] = c_ ? c_->Valor(i) : q_->value(i);
+    fila_[static_cast<std::size_t>(i)] = c_->Valor(i);
 }
 
 bool Registros::TieneCampo(const QString &nombre) const {
@@ -283,7 +285,8 @@ Valor Registros::Campo(qsizetype indice) const {
     throw ErrorFatal(
         QStringLiteral("No hay registro actual para leer %1.").arg(nombres_.value(indice)),
         sentencia_);
-  return Valor(fila_[static_cast<std::size_t>(indice)], nombres_[indice]);
+  return Valor(c_ ? fila_[static_cast<std::size_t>(indice)] : q_->value(static_cast<int>(indice)),
+               nombres_[indice]);
 }
 
 Valor Registros::Campo(const QString &nombre) const { return Campo(Indice(nombre)); }
