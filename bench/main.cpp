@@ -50,8 +50,8 @@ const char *const kUso =
     "  --motores     sqlite siempre; mariadb con el servidor de scripts/mariadb.sh, cuyo\n"
     "                origen de datos da ESCRIBANO_PRUEBA_DSN (los dos si está definido)\n"
     "  --archivos    copia ahí cada archivo exportado, para comparar dos compilaciones\n"
-    "  --memoria     no: las exportaciones preguntan cada consulta a la base, sin la memoria\n"
-    "                de la corrida (si)\n"
+    "  --memoria     no: las generaciones y las exportaciones preguntan cada consulta a la\n"
+    "                base, sin la memoria de la corrida (si)\n"
     "  --pruebas     las que se miden, de generacion_documento, exportacion_contpaq,\n"
     "                exportacion_usuario y generacion_dia (todas); las exportaciones leen\n"
     "                las pólizas de la generación por documento, que corre siempre antes\n";
@@ -69,7 +69,7 @@ struct Opciones {
   int renglones = 12;
   QStringList motores;
   QString archivos;    // where the exported files are kept, or empty
-  bool memoria = true; // the exports answer repeated lookups from the run's memory
+  bool memoria = true; // the runs answer repeated read-only lookups from their memory
   QStringList pruebas = kPruebas;
 };
 
@@ -277,6 +277,7 @@ private:
     op.Al = FinPeriodo();
     op.FechaDefinida = op.Del;
     op.Resumen = UnirRuta(gRutaApp, u"Temp\\Resumen%1_%2.txt"_s.arg(frec).arg(++corridas_));
+    op.Memoria = opciones_.memoria;
     Generador generador(corrida, op);
     generador.avance = [&](const AvanceGeneracion &) { sentencias.Tomar(grabadora); };
     mensajes_.mostrados.clear();

@@ -362,9 +362,7 @@ const std::vector<Tabla> &TablasEmpresa() {
            {"ESTATUS", Entero},
        },
        {{"IX_tblPolizasEnc_1", {"FOL_POLIZA", "TIP_POLIZA"}},
-        {"IX_tblPolizasEnc_2", {"FEC_POLIZA"}},
-        // The export reads the period in the order of type, operation and folio.
-        {"IX_tblPolizasEnc_3", {"TIP_POLIZA", "COD_OPER", "FOL_POLIZA", "FEC_POLIZA"}}}},
+        {"IX_tblPolizasEnc_2", {"FEC_POLIZA"}}}},
 
       {"tblPolizasRen",
        {

@@ -98,6 +98,8 @@ struct Corrida {
   // The reference database with the data dictionary: opened by CampoDeDato at its
   // first need and kept for the rest of the run; the run drops it when it ends.
   ConexionPtr Referencia;
+  // The run remembers the lookups of the tables it never writes (OpcionesGeneracion).
+  bool MemoriaLecturas = false;
 
   // The rule in work (index into Conceptos) and the number of rules of the run.
   int ConceptoActual = 0;

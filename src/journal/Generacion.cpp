@@ -96,7 +96,41 @@ void Generador::LeerConceptos(const ArbolOperaciones &arbol) {
   }
 }
 
+namespace {
+
+// The tables a run reads and never writes: the chart, the bank accounts, the rules, their
+// data and operations, the taxes and the company.
+const QStringList kTablasDeLectura = {
+    QStringLiteral("tblCatRubros"),        QStringLiteral("tblCatCtasBancos"),
+    QStringLiteral("tblDatosxOperacion"),  QStringLiteral("tblCatOperaciones"),
+    QStringLiteral("tblRubrosxOperacion"), QStringLiteral("tblImpuestos"),
+    QStringLiteral("tblEmpresa")};
+
+// The run's memory of reads, for as long as the run lasts, however it ends.
+class MemoriaDeLecturas {
+public:
+  MemoriaDeLecturas(Corrida &corrida, bool activa) : c_(corrida) {
+    c_.MemoriaLecturas = activa;
+    if (activa)
+      c_.Conexion->RecordarLecturas(kTablasDeLectura);
+  }
+  ~MemoriaDeLecturas() {
+    c_.MemoriaLecturas = false;
+    c_.Conexion->OlvidarLecturas();
+    if (c_.Referencia)
+      c_.Referencia->OlvidarLecturas();
+  }
+  MemoriaDeLecturas(const MemoriaDeLecturas &) = delete;
+  MemoriaDeLecturas &operator=(const MemoriaDeLecturas &) = delete;
+
+private:
+  Corrida &c_;
+};
+
+} // namespace
+
 ResultadoGeneracion Generador::GenerarPolizas(const ArbolOperaciones &arbol) {
+  const MemoriaDeLecturas memoria(c_, op_.Memoria);
   ResultadoGeneracion resultado;
   c_.FechaInicial = op_.Del;
   c_.FechaFinal = op_.Al;

@@ -12,4 +12,8 @@ struct OpcionesGeneracion {
   bool DefinirFecha = false; // optFechaPol(1) chosen; otherwise the date of the movement
   bool Actualizar = false;   // chkActualizar
   QString Resumen;           // txtResumen, the path of the log
+  // Within the run, a lookup of a table the run never writes (the chart, the bank
+  // accounts, the rules and their data) is answered once. Off, every lookup is asked
+  // of the database, as the statements were always sent.
+  bool Memoria = true;
 };

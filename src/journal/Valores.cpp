@@ -91,8 +91,12 @@ void CrearRenglones(Corrida &corrida) { corrida.Renglones.Crear(); }
 
 CampoTabla CampoDeDato(Corrida &corrida, int campoEstBd) {
   // One connection to the dictionary serves the whole run.
-  if (!corrida.Referencia)
+  if (!corrida.Referencia) {
     corrida.Referencia = ServicioConexion().AbrirConexionRuta(gRutaApp);
+    // The dictionary isn't written by anyone while the run lasts.
+    if (corrida.MemoriaLecturas)
+      corrida.Referencia->RecordarLecturas({u"tblCamposTabla"_s, u"tblTablas"_s});
+  }
   Registros r = corrida.Referencia->Abrir(
       u"SELECT (tblCamposTabla.Nombre) AS NOM_CAMPO,(tblTablas.Nombre) AS NOM_TABLA FROM "
       "tblCamposTabla INNER JOIN tblTablas ON tblCamposTabla.Tabla=tblTablas.Numero WHERE "

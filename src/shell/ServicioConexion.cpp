@@ -10,6 +10,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QLockFile>
+#include <QRegularExpression>
 #include <QSqlDatabase>
 #include <QSqlDriver>
 #include <QSqlError>
@@ -237,6 +238,12 @@ Registros::Registros(std::shared_ptr<QSqlQuery> consulta, QString sentencia)
   vacio_ = fin_;
 }
 
+Registros::Registros(std::shared_ptr<const Leidas> leidas, QString sentencia)
+    : leidas_(std::move(leidas)), sentencia_(std::move(sentencia)) {
+  nombres_ = leidas_->nombres;
+  fin_ = vacio_ = leidas_->filas.empty();
+}
+
 Registros::~Registros() {
   // A statement that its connection keeps goes on living: it is finished here. Any other
   // goes with its query.
@@ -245,6 +252,10 @@ Registros::~Registros() {
 }
 
 void Registros::Siguiente() {
+  if (leidas_) {
+    fin_ = fin_ || ++filaLeida_ >= leidas_->filas.size();
+    return;
+  }
   if (c_ ? c_->Siguiente() : q_->next()) {
     fin_ = false;
     if (c_)
@@ -285,6 +296,8 @@ Valor Registros::Campo(qsizetype indice) const {
     throw ErrorFatal(
         QStringLiteral("No hay registro actual para leer %1.").arg(nombres_.value(indice)),
         sentencia_);
+  if (leidas_)
+    return Valor(leidas_->filas[filaLeida_][static_cast<std::size_t>(indice)], nombres_[indice]);
   return Valor(c_ ? fila_[static_cast<std::size_t>(indice)] : q_->value(static_cast<int>(indice)),
                nombres_[indice]);
 }
@@ -517,17 +530,73 @@ std::unique_ptr<Registros> Conexion::AbrirSinGrabar(const QString &sql, QString 
 }
 
 std::unique_ptr<Registros> Conexion::IntentarAbrir(const QString &sql, QString *error) {
+  const bool recordar = SeRecuerda(sql);
+  if (recordar) {
+    const auto hallada = lecturas_.constFind(sql);
+    if (hallada != lecturas_.constEnd())
+      return std::make_unique<Registros>(*hallada, sql);
+  }
+  std::unique_ptr<Registros> r;
   if (Odbc()) {
     Grabar(sql);
-    return AbrirSinGrabar(sql, error);
+    r = AbrirSinGrabar(sql, error);
+  } else {
+    std::shared_ptr<QSqlQuery> q = Consultar(sql);
+    if (!q->isActive()) {
+      if (error)
+        *error = TextoError(q->lastError());
+      return nullptr;
+    }
+    r = std::make_unique<Registros>(std::move(q), sql);
   }
-  std::shared_ptr<QSqlQuery> q = Consultar(sql);
-  if (!q->isActive()) {
-    if (error)
-      *error = TextoError(q->lastError());
-    return nullptr;
+  if (!r || !recordar)
+    return r;
+  std::shared_ptr<const Registros::Leidas> leidas = Leer(*r);
+  lecturas_.insert(sql, leidas);
+  return std::make_unique<Registros>(std::move(leidas), sql);
+}
+
+std::shared_ptr<const Registros::Leidas> Conexion::Leer(Registros &r) {
+  auto leidas = std::make_shared<Registros::Leidas>();
+  leidas->nombres = r.Campos();
+  for (; !r.Fin(); r.Siguiente()) {
+    std::vector<QVariant> fila;
+    fila.reserve(static_cast<std::size_t>(leidas->nombres.size()));
+    for (qsizetype i = 0; i < leidas->nombres.size(); ++i)
+      fila.push_back(r.Campo(i).Variante());
+    leidas->filas.push_back(std::move(fila));
   }
-  return std::make_unique<Registros>(std::move(q), sql);
+  return leidas;
+}
+
+void Conexion::RecordarLecturas(const QStringList &tablas) {
+  tablasRecordadas_.clear();
+  for (const QString &t : tablas)
+    tablasRecordadas_ << t.toLower();
+  lecturas_.clear();
+}
+
+void Conexion::OlvidarLecturas() {
+  tablasRecordadas_.clear();
+  lecturas_.clear();
+}
+
+bool Conexion::SeRecuerda(const QString &sql) const {
+  if (tablasRecordadas_.isEmpty() || !sql.trimmed().startsWith(u"SELECT", Qt::CaseInsensitive))
+    return false;
+  // Every table the query names, after FROM or JOIN, is one the memory answers for; a
+  // list of tables after FROM names more than it shows, and isn't remembered.
+  static const QRegularExpression tabla(
+      QStringLiteral("\\b(FROM|JOIN)\\s+([A-Za-z_][A-Za-z0-9_]*)(\\s*,)?"),
+      QRegularExpression::CaseInsensitiveOption);
+  bool alguna = false;
+  for (auto m = tabla.globalMatch(sql); m.hasNext();) {
+    const QRegularExpressionMatch t = m.next();
+    if (t.hasCaptured(3) || !tablasRecordadas_.contains(t.captured(2).toLower()))
+      return false;
+    alguna = true;
+  }
+  return alguna;
 }
 
 // ---------------------------------------------------------------- ServicioConexion

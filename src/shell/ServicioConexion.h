@@ -6,6 +6,7 @@
 #include "shell/Odbc.h"
 
 #include <QDate>
+#include <QHash>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QString>
@@ -47,6 +48,12 @@ public:
   // Stands on a query that has run, through Qt or straight through ODBC.
   Registros(std::shared_ptr<QSqlQuery> consulta, QString sentencia);
   Registros(std::unique_ptr<odbc::Cursor> cursor, QString sentencia);
+  // The rows of a query read before, with the names of their columns.
+  struct Leidas {
+    QStringList nombres;
+    std::vector<std::vector<QVariant>> filas;
+  };
+  Registros(std::shared_ptr<const Leidas> leidas, QString sentencia);
   // A query that its connection keeps compiled is left finished: it holds no read open.
   ~Registros();
   Registros(Registros &&) noexcept = default;
@@ -66,8 +73,11 @@ public:
 
 private:
   void LeerFila();
+  friend class Conexion;
   std::shared_ptr<QSqlQuery> q_;
   std::unique_ptr<odbc::Cursor> c_;
+  std::shared_ptr<const Leidas> leidas_;
+  std::size_t filaLeida_ = 0;
   QString sentencia_;
   QStringList nombres_;
   std::vector<QVariant> fila_;
@@ -138,6 +148,12 @@ public:
   // At a fatal end: the entry in work undone, then the connection closed.
   void CerrarAlTerminar(Fase fase) noexcept override;
 
+  // The memory of reads of one run: while it is on, a query that reads only the tables
+  // named (ones the run never writes) and whose text was answered before is answered
+  // again from memory, without the database; the memory goes when it is turned off.
+  void RecordarLecturas(const QStringList &tablas);
+  void OlvidarLecturas();
+
   // Takes the lock of a kind of work (for instance "generacion") on this company without
   // waiting: null when another connection holds it, with its name in *nombre.
   std::unique_ptr<Candado> TomarCandado(const QString &trabajo, QString *nombre);
@@ -148,6 +164,8 @@ public:
 private:
   void Grabar(const QString &sql) const;
   QSqlQuery Preparar(const QString &sql);
+  // The rows of every row the record set has left, for the memory of reads.
+  static std::shared_ptr<const Registros::Leidas> Leer(Registros &r);
   // True when the connection goes through ODBC: its statements go straight to the driver.
   bool Odbc() {
     Base();
@@ -168,6 +186,10 @@ private:
     std::shared_ptr<QSqlQuery> consulta;
   };
   std::vector<Compilada> compiladas_; // the most recently used last
+  // The memory of reads: the tables it may answer for (lower case), and its answers.
+  QStringList tablasRecordadas_;
+  QHash<QString, std::shared_ptr<const Registros::Leidas>> lecturas_;
+  bool SeRecuerda(const QString &sql) const;
   bool guardaCompiladas_ = false;
   bool enTransaccion_ = false;
   bool ensayo_ = false;

@@ -1,13 +1,18 @@
 #include "FixtureGeneracion.h"
 #include "db/DatosDemo.h"
 #include "db/EmpresaDemo.h"
+#include "db/Esquema.h"
 #include "export/FormatoArchivo.h"
 #include "export/GenerarArchivo.h"
 #include "journal/Arbol.h"
 #include "journal/Corrida.h"
+#include "journal/DiarioPrueba.h"
 #include "journal/Generacion.h"
 #include "shell/Rutas.h"
 #include "shell/Sesion.h"
+
+#include <QRegularExpression>
+#include <QSet>
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -160,4 +165,62 @@ TEST_P(MesDemo, TheExportsMemoryChangesNoByteAndSendsEachLookupOnce) {
       EXPECT_LT(sentencias[1].size() * 2, sentencias[0].size());
     }
   }
+}
+
+TEST_P(MesDemo, TheGenerationsMemoryChangesNoRowAndAsksEachReadOnlyLookupOnce) {
+  FijarReloj(QDateTime(QDate(2026, 11, 2), QTime(9, 0)));
+  QStringList tablas[2], sentencias[2];
+  QByteArray bitacoras[2];
+  // Without the memory in a rehearsal that leaves nothing, then with it for real: the
+  // same company before each.
+  for (int memoria = 0; memoria < 2; ++memoria) {
+    Corrida corrida;
+    ArbolOperaciones arbol;
+    CargarCorrida(*emp, corrida, arbol);
+    Conexion &c = *corrida.Conexion;
+    if (memoria == 0)
+      c.IniciarEnsayo();
+    OpcionesGeneracion o = opciones;
+    o.Memoria = memoria == 1;
+    o.Resumen = emp->Ruta() + QStringLiteral("/mes_%1.txt").arg(memoria);
+    emp->grabadora.sentencias.clear();
+    Conexion::InstalarGrabadora(&emp->grabadora);
+    ASSERT_TRUE(Generador(corrida, o).GenerarPolizas(arbol).hubo);
+    Conexion::InstalarGrabadora(nullptr);
+    sentencias[memoria] = emp->grabadora.sentencias;
+    for (const esquema::Tabla &t : esquema::TablasEmpresa()) {
+      QStringList filas =
+          diario::Filas(c, QStringLiteral("SELECT * FROM %1").arg(QLatin1String(t.nombre)));
+      filas.sort();
+      tablas[memoria] << QLatin1String(t.nombre) << filas;
+    }
+    if (memoria == 0)
+      c.TerminarEnsayo();
+    bitacoras[memoria] = LeerArchivo(o.Resumen);
+  }
+  FijarReloj({});
+  EXPECT_EQ(tablas[1], tablas[0]);
+  EXPECT_EQ(bitacoras[1], bitacoras[0]);
+  // The same statements, but for the repeats of the lookups of the chart, the bank
+  // accounts and the rules, which the memory answers; tblFolios, written by the run, is
+  // asked every time.
+  const QRegularExpression soloLectura(
+      QStringLiteral("^SELECT .* FROM (tblCatRubros|tblCatCtasBancos|tblDatosxOperacion|"
+                     "tblCatOperaciones|tblRubrosxOperacion)\\b[^,]*$"));
+  QStringList esperadas;
+  QSet<QString> vistas;
+  int ahorradas = 0;
+  for (const QString &s : sentencias[0]) {
+    if (soloLectura.match(s).hasMatch() && !s.contains(QStringLiteral(" JOIN ")) &&
+        vistas.contains(s)) {
+      ++ahorradas;
+      continue;
+    }
+    vistas.insert(s);
+    esperadas << s;
+  }
+  EXPECT_EQ(sentencias[1], esperadas);
+  EXPECT_GT(ahorradas, 100);
+  EXPECT_GT(sentencias[1].count(QStringLiteral("SELECT * FROM tblFolios WHERE COD_FOLIO='I';")),
+            100);
 }

@@ -276,6 +276,51 @@ TEST_P(Conexiones, ATableBuiltAgainUnderItsNameIsReadWithItsNewColumns) {
   con->Ejecutar(QStringLiteral("DROP TABLE tblPrueba"));
 }
 
+TEST_P(Conexiones, TheMemoryOfReadsAnswersOnlyForTheTablesNamedAndOnlyWhileItLasts) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  con->Ejecutar(QStringLiteral("INSERT INTO tblCatRubros (COD_RUBRO,DES_RUBRO,CUENTA_RUBRO) "
+                               "VALUES ('1-01','CAJA','1101'),('4-01','VENTAS','4101')"));
+  con->Ejecutar(QStringLiteral("INSERT INTO tblFolios (COD_FOLIO,FOL_FOLIOS) VALUES ('I','7')"));
+  con->RecordarLecturas({QStringLiteral("tblCatRubros")});
+  const QString rubros = QStringLiteral("SELECT COD_RUBRO,CUENTA_RUBRO FROM tblCatRubros ORDER BY "
+                                        "COD_RUBRO;");
+  const QString ninguno =
+      QStringLiteral("SELECT CUENTA_RUBRO FROM tblCatRubros WHERE COD_RUBRO='9';");
+  const QString folios = QStringLiteral("SELECT FOL_FOLIOS FROM tblFolios WHERE COD_FOLIO='I';");
+  const QString lista =
+      QStringLiteral("SELECT COD_RUBRO FROM tblCatRubros, tblFolios WHERE COD_FOLIO='I';");
+  const QString junta = QStringLiteral(
+      "SELECT COD_RUBRO FROM tblCatRubros INNER JOIN tblFolios ON COD_RUBRO=COD_FOLIO;");
+  emp.grabadora.sentencias.clear();
+  for (int vez = 0; vez < 2; ++vez) {
+    Registros r = con->Abrir(rubros);
+    ASSERT_FALSE(r.Vacio());
+    EXPECT_EQ(r.Campo(QStringLiteral("cod_rubro")).Texto(), QStringLiteral("1-01"));
+    r.Siguiente();
+    EXPECT_EQ(r.Campo(1).Texto(), QStringLiteral("4101"));
+    r.Siguiente();
+    EXPECT_TRUE(r.Fin());
+    EXPECT_TRUE(con->Abrir(ninguno).Vacio());
+    con->Abrir(folios);
+    con->Abrir(lista);
+    con->Abrir(junta);
+    // A table the run writes is asked every time: what it reads now is what it finds.
+    con->Ejecutar(QStringLiteral("UPDATE tblFolios SET FOL_FOLIOS='8' WHERE COD_FOLIO='I';"));
+  }
+  EXPECT_EQ(con->Abrir(folios).Campo(0).Texto(), QStringLiteral("8"));
+  const QString actualizar =
+      QStringLiteral("UPDATE tblFolios SET FOL_FOLIOS='8' WHERE COD_FOLIO='I';");
+  EXPECT_EQ(emp.grabadora.sentencias,
+            QStringList({rubros, ninguno, folios, lista, junta, actualizar, folios, lista, junta,
+                         actualizar, folios}));
+  // Once the memory is off, every query goes to the database again.
+  con->OlvidarLecturas();
+  emp.grabadora.sentencias.clear();
+  con->Abrir(rubros);
+  EXPECT_EQ(emp.grabadora.sentencias, QStringList{rubros});
+}
+
 INSTANTIATE_TEST_SUITE_P(Motores, Conexiones, testing::ValuesIn(MotoresDePrueba()), NombreMotor);
 
 TEST(FechaSQL, EachEngineHasItsLiteral) {
