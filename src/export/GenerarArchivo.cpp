@@ -437,6 +437,22 @@ QString ObtenerReferencia(Conexion &con, const QString &folio,
                    QStringLiteral("FOLIO_MOV"), respuestas);
 }
 
+namespace {
+
+// What a lookup gives a line: with the run's memory, asked again only when the value it
+// is asked for changes; without it, asked on every line.
+template <typename Preguntar>
+QString UnaVez(QHash<QString, QString> *respuestas, RenglonEnCurso::Recordado &recordado,
+               const QVariant &valor, Preguntar &&preguntar) {
+  if (!respuestas)
+    return preguntar(nullptr);
+  return Recordar(recordado, valor, {},
+                  [&](RenglonEnCurso::Recordado &r) { r.texto = preguntar(respuestas); })
+      .texto;
+}
+
+} // namespace
+
 QString ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, RenglonEnCurso &e) {
   if (e.columnas.empty()) {
     std::vector<qsizetype> columnas;
@@ -469,12 +485,9 @@ QString ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Reng
   // The package's number of the type is asked for on every line (once per run with memory).
   QHash<QString, QString> *respuestas = e.respuestas ? &*e.respuestas : nullptr;
   const QString tipoPoliza =
-      respuestas ? Recordar(e.numeroTipo, tipo.Variante(), {},
-                            [&](RenglonEnCurso::Recordado &r) {
-                              r.texto = ObtenerTipoPoliza(con, f, textoTipo, respuestas);
-                            })
-                       .texto
-                 : ObtenerTipoPoliza(con, f, textoTipo, nullptr);
+      UnaVez(respuestas, e.numeroTipo, tipo.Variante(), [&](QHash<QString, QString> *memoria) {
+        return ObtenerTipoPoliza(con, f, textoTipo, memoria);
+      });
   const QString &campoTipo = Recordar(e.tipo, tipoPoliza, {}, [&](RenglonEnCurso::Recordado &r) {
                                r.texto = CampoListo(f, false, tipoPoliza, f.LongTipo, f.AlTipo);
                              }).texto;
@@ -533,14 +546,9 @@ QString ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Reng
                  QStringLiteral("0 ") % QStringLiteral("000 ") % campoConcepto %
                  QStringLiteral("0 ") % QStringLiteral("0 ") % kFinLinea % QStringLiteral("N    ");
     const QString campoReferencia =
-        respuestas ? Recordar(e.referencia, folio.Variante(), {},
-                              [&](RenglonEnCurso::Recordado &r) {
-                                r.texto = CampoListo(f, false,
-                                                     ObtenerReferencia(con, textoFolio, respuestas),
-                                                     10, 1);
-                              })
-                         .texto
-                   : CampoListo(f, false, ObtenerReferencia(con, textoFolio, nullptr), 10, 1);
+        UnaVez(respuestas, e.referencia, folio.Variante(), [&](QHash<QString, QString> *memoria) {
+          return CampoListo(f, false, ObtenerReferencia(con, textoFolio, memoria), 10, 1);
+        });
     renglon2 = QStringLiteral("M ") % campoCuenta % campoReferencia % campoImporte %
                QStringLiteral("000 ") % QStringLiteral("0.00 ") %
                QStringView(campoConcepto).left(30);

@@ -96,15 +96,16 @@ void Generador::LeerConceptos(const ArbolOperaciones &arbol) {
   }
 }
 
-namespace {
+const QStringList &TablasDeLectura() {
+  static const QStringList tablas = {
+      QStringLiteral("tblCatRubros"),        QStringLiteral("tblCatCtasBancos"),
+      QStringLiteral("tblDatosxOperacion"),  QStringLiteral("tblCatOperaciones"),
+      QStringLiteral("tblRubrosxOperacion"), QStringLiteral("tblImpuestos"),
+      QStringLiteral("tblEmpresa")};
+  return tablas;
+}
 
-// The tables a run reads and never writes: the chart, the bank accounts, the rules, their
-// data and operations, the taxes and the company.
-const QStringList kTablasDeLectura = {
-    QStringLiteral("tblCatRubros"),        QStringLiteral("tblCatCtasBancos"),
-    QStringLiteral("tblDatosxOperacion"),  QStringLiteral("tblCatOperaciones"),
-    QStringLiteral("tblRubrosxOperacion"), QStringLiteral("tblImpuestos"),
-    QStringLiteral("tblEmpresa")};
+namespace {
 
 // The run's memory of reads, for as long as the run lasts, however it ends.
 class MemoriaDeLecturas {
@@ -112,13 +113,14 @@ public:
   MemoriaDeLecturas(Corrida &corrida, bool activa) : c_(corrida) {
     c_.MemoriaLecturas = activa;
     if (activa)
-      c_.Conexion->RecordarLecturas(kTablasDeLectura);
+      c_.Conexion->RecordarLecturas(TablasDeLectura());
   }
+  // The dictionary's connection goes with the run, its memory with it, however the run
+  // ends: the next one opens it again.
   ~MemoriaDeLecturas() {
     c_.MemoriaLecturas = false;
     c_.Conexion->OlvidarLecturas();
-    if (c_.Referencia)
-      c_.Referencia->OlvidarLecturas();
+    c_.Referencia.reset();
   }
   MemoriaDeLecturas(const MemoriaDeLecturas &) = delete;
   MemoriaDeLecturas &operator=(const MemoriaDeLecturas &) = delete;

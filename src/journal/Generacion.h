@@ -5,6 +5,7 @@
 
 #include <QDateTime>
 #include <QString>
+#include <QStringList>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -25,15 +26,20 @@ struct AvanceGeneracion {
 
 // What the run tells its caller at the end.
 struct ResultadoGeneracion {
-  bool corrio = false;   // false when nothing was checked, the log was refused or the
-                         // company's generation was taken by another run
-  QString candado;       // the lock another run holds, when that was why; empty otherwise
-  bool hubo = false;     // an entry was written (message 108), else 5508
-  int polizas = 0;       // entries written or redone in this run
-  QString bitacora;      // the log file used
+  bool corrio = false;          // false when nothing was checked, the log was refused or the
+                                // company's generation was taken by another run
+  QString candado;              // the lock another run holds, when that was why; empty otherwise
+  bool hubo = false;            // an entry was written (message 108), else 5508
+  int polizas = 0;              // entries written or redone in this run
+  QString bitacora;             // the log file used
   bool bitacoraEscrita = false; // false when it could not be opened: the run went on without
-  bool detenida = false; // stopped by the user between two entries
+  bool detenida = false;        // stopped by the user between two entries
 };
+
+// The tables a run reads and never writes: the chart, the bank accounts, the rules, their
+// data and operations, the taxes and the company. Within a run their lookups are
+// answered once (OpcionesGeneracion::Memoria).
+const QStringList &TablasDeLectura();
 
 // The generation run: turns the documents of a period into journal entries by the
 // rules of the checked operations. It works on the run's state (Corrida) with the

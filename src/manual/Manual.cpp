@@ -1,7 +1,6 @@
 #include "manual/Manual.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QDate>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -225,11 +224,9 @@ ResultadoManual EscribirManual(const OpcionesManual &o) {
   p.drawText(QRectF(0, pagina.height() * 0.28 + 420, pagina.width(), 300), Qt::AlignHCenter,
              QStringLiteral("Manual del usuario"));
   p.setFont(Letra(11));
-  p.drawText(
-      QRectF(0, pagina.height() * 0.28 + 800, pagina.width(), 400), Qt::AlignHCenter,
-      QStringLiteral("Versión %1\n%2")
-          .arg(o.version, QLocale(QLocale::Spanish, QLocale::Mexico)
-                              .toString(QDate::currentDate(), QStringLiteral("MMMM 'de' yyyy"))));
+  // The version alone: the same chapters and pictures give the same manual.
+  p.drawText(QRectF(0, pagina.height() * 0.28 + 800, pagina.width(), 400), Qt::AlignHCenter,
+             QStringLiteral("Versión %1").arg(o.version));
 
   int numero = 1;
   for (int i = 0; i < capitulos.size(); ++i) {
@@ -266,15 +263,23 @@ ResultadoManual EscribirManual(const OpcionesManual &o) {
   p.end();
   r.paginas = numero;
 
-  QFile::remove(o.salida);
-  if (!QFile::rename(temporal, o.salida)) {
-    r.error = QStringLiteral("No fue posible escribir %1.").arg(QDir::toNativeSeparators(o.salida));
+  // The manual and its index of pages take each other's place together: F1 never reads
+  // the pages of another manual.
+  const QString indiceTemporal = ayuda::RutaIndice(temporal);
+  const QString indice = ayuda::RutaIndice(o.salida);
+  if (!ayuda::EscribirIndice(temporal, r.capitulos)) {
+    r.error = QStringLiteral("No fue posible escribir el índice %1.")
+                  .arg(QDir::toNativeSeparators(indice));
     QFile::remove(temporal);
     return r;
   }
-  if (!ayuda::EscribirIndice(o.salida, r.capitulos))
-    r.error = QStringLiteral("No fue posible escribir el índice %1.")
-                  .arg(QDir::toNativeSeparators(ayuda::RutaIndice(o.salida)));
+  QFile::remove(o.salida);
+  QFile::remove(indice);
+  if (!QFile::rename(temporal, o.salida) || !QFile::rename(indiceTemporal, indice)) {
+    r.error = QStringLiteral("No fue posible escribir %1.").arg(QDir::toNativeSeparators(o.salida));
+    QFile::remove(temporal);
+    QFile::remove(indiceTemporal);
+  }
   return r;
 }
 

@@ -249,9 +249,7 @@ void AbrirArchivo(QWidget *ventana, const QString &ruta) {
 
 void AbrirAyuda(QWidget *ventana) {
   const QString manual =
-      RutaNativa(gRutaAyuda.isEmpty() ? UnirRuta(UnirRuta(gRutaApp, QStringLiteral("Ayuda")),
-                                                 QStringLiteral("TV_PVManual.pdf"))
-                                      : gRutaAyuda);
+      RutaNativa(gRutaAyuda.isEmpty() ? ayuda::RutaManual(gRutaApp) : gRutaAyuda);
   if (!QFileInfo::exists(manual)) {
     CatalogoMensajes::MostrarTexto(QStringLiteral("No se encontró el manual del usuario en %1.")
                                        .arg(QDir::toNativeSeparators(manual)),

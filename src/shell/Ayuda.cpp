@@ -81,13 +81,14 @@ QUrl Direccion(const QString &manual, const QString &pantalla) {
   return url;
 }
 
+QString RutaManual(const QString &rutaApp) {
+  return UnirRuta(UnirRuta(rutaApp, QStringLiteral("Ayuda")), QStringLiteral("TV_PVManual.pdf"));
+}
+
 bool InstalarManual(const QString &carpetaPrograma, const QString &rutaApp) {
-  const QString nombre = QStringLiteral("TV_PVManual.pdf");
-  const QString origen = QDir(carpetaPrograma).filePath(QStringLiteral("Ayuda/") + nombre);
-  const QString destino = RutaNativa(UnirRuta(UnirRuta(rutaApp, QStringLiteral("Ayuda")), nombre));
-  if (!QFileInfo::exists(origen) || QFileInfo(origen) == QFileInfo(destino))
-    return false;
-  if (QFileInfo::exists(destino))
+  const QString origen = RutaNativa(RutaManual(carpetaPrograma));
+  const QString destino = RutaNativa(RutaManual(rutaApp));
+  if (!QFileInfo::exists(origen) || QFileInfo::exists(destino))
     return false;
   if (!QDir().mkpath(QFileInfo(destino).path()) || !QFile::copy(origen, destino))
     return false;

@@ -33,6 +33,9 @@ QList<PaginaCapitulo> LeerIndice(const QString &manual);
 // viewers take) when the index knows it, at its beginning otherwise.
 QUrl Direccion(const QString &manual, const QString &pantalla);
 
+// The manual of an installation: Ayuda\TV_PVManual.pdf under its folder.
+QString RutaManual(const QString &rutaApp);
+
 // The manual built with the program lives in the Ayuda folder beside the executable;
 // a fresh installation gets a copy, with its index. False when there is nothing to copy
 // or the copy failed; an installation that has the manual keeps its own.

@@ -262,7 +262,8 @@ void Registros::Siguiente() {
       LeerFila();
   } else {
     fin_ = true;
-    fila_.clear();
+    if (c_)
+      fila_.clear();
   }
 }
 
@@ -584,17 +585,29 @@ void Conexion::OlvidarLecturas() {
 bool Conexion::SeRecuerda(const QString &sql) const {
   if (tablasRecordadas_.isEmpty() || !sql.trimmed().startsWith(u"SELECT", Qt::CaseInsensitive))
     return false;
-  // Every table the query names, after FROM or JOIN, is one the memory answers for; a
-  // list of tables after FROM names more than it shows, and isn't remembered.
-  static const QRegularExpression tabla(
-      QStringLiteral("\\b(FROM|JOIN)\\s+([A-Za-z_][A-Za-z0-9_]*)(\\s*,)?"),
-      QRegularExpression::CaseInsensitiveOption);
+  // Only a plain query is remembered: names without brackets or quotes, no INTO, and after
+  // each FROM a clause of bare names and joins, without a list of tables, a parenthesis or
+  // a subquery. Every table it names is one the memory answers for.
+  static const QRegularExpression rara(QStringLiteral("[\"`\\[]|\\bINTO\\b|STRAIGHT_JOIN"),
+                                       QRegularExpression::CaseInsensitiveOption);
+  static const QRegularExpression desde(
+      QStringLiteral("\\bFROM\\b(.*?)(\\bWHERE\\b|\\bORDER\\b|\\bGROUP\\b|\\bHAVING\\b|;|$)"),
+      QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+  static const QRegularExpression tabla(QStringLiteral("(?:^|\\bJOIN)\\s+([A-Za-z_][A-Za-z0-9_]*)"),
+                                        QRegularExpression::CaseInsensitiveOption);
+  if (rara.match(sql).hasMatch())
+    return false;
   bool alguna = false;
-  for (auto m = tabla.globalMatch(sql); m.hasNext();) {
-    const QRegularExpressionMatch t = m.next();
-    if (t.hasCaptured(3) || !tablasRecordadas_.contains(t.captured(2).toLower()))
+  for (auto m = desde.globalMatch(sql); m.hasNext();) {
+    const QString clausula = m.next().captured(1);
+    if (clausula.contains(QLatin1Char(',')) || clausula.contains(QLatin1Char('(')) ||
+        clausula.contains(QLatin1Char(')')))
       return false;
-    alguna = true;
+    for (auto t = tabla.globalMatch(clausula); t.hasNext();) {
+      if (!tablasRecordadas_.contains(t.next().captured(1).toLower()))
+        return false;
+      alguna = true;
+    }
   }
   return alguna;
 }

@@ -73,7 +73,6 @@ public:
 
 private:
   void LeerFila();
-  friend class Conexion;
   std::shared_ptr<QSqlQuery> q_;
   std::unique_ptr<odbc::Cursor> c_;
   std::shared_ptr<const Leidas> leidas_;

@@ -1,5 +1,6 @@
 #include "shell/Sesion.h"
 
+#include "shell/Ayuda.h"
 #include "shell/CatalogoMensajes.h"
 #include "shell/Rutas.h"
 #include "shell/ServicioUtil.h"
@@ -128,10 +129,7 @@ void IniciarRutas(const QString &rutaEjecutable) {
   gEdicion = edicion == 0 ? 1 : edicion;
 }
 
-void IniciarAyuda() {
-  gRutaAyuda =
-      UnirRuta(UnirRuta(gRutaApp, QStringLiteral("Ayuda")), QStringLiteral("TV_PVManual.pdf"));
-}
+void IniciarAyuda() { gRutaAyuda = ayuda::RutaManual(gRutaApp); }
 
 QString ArchivoConfiguracion(int modulo) {
   for (const ModuloFamilia &m : kModulos) {

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "cli/Comandos.h"
+#include "db/DatosDemo.h"
+#include "db/EmpresaDemo.h"
 
 #include <QStringList>
 #include <QTextStream>
@@ -18,4 +20,13 @@ inline SalidaCli CorrerCli(const QStringList &args) {
   out.flush();
   err.flush();
   return s;
+}
+
+// The demo company's month in a test company (ADMIN's password "clave"), with the
+// statement recorder put away: the month takes thousands of statements.
+inline void LlenarMesDemo(Conexion &con, const QDate &mes) {
+  demo::LlenarIdentidad(con, QStringLiteral("clave"));
+  demo::LlenarCatalogos(con);
+  demo::LlenarDocumentos(con, mes);
+  Conexion::InstalarGrabadora(nullptr);
 }

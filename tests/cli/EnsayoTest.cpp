@@ -3,7 +3,6 @@
 #include "cli/ComandoPoliza.h"
 #include "db/DatosDemo.h"
 #include "db/EmpresaDemo.h"
-#include "db/Esquema.h"
 #include "journal/DiarioPrueba.h"
 #include "shell/Sesion.h"
 
@@ -21,10 +20,7 @@ protected:
   void SetUp() override {
     emp = std::make_unique<EmpresaPrueba>(GetParam());
     con = emp->Abrir();
-    demo::LlenarIdentidad(*con, QStringLiteral("clave"));
-    demo::LlenarCatalogos(*con);
-    demo::LlenarDocumentos(*con, kMes);
-    Conexion::InstalarGrabadora(nullptr); // thousands of statements: not worth keeping
+    LlenarMesDemo(*con, kMes);
   }
   SalidaCli Generar(QStringList extra) {
     return CorrerCli(
@@ -37,17 +33,7 @@ protected:
                     QStringLiteral("--sin-progreso")} +
         extra);
   }
-  // Every table of the company, row by row, in an order of its own.
-  QStringList Base() {
-    QStringList todo;
-    for (const esquema::Tabla &t : esquema::TablasEmpresa()) {
-      QStringList filas =
-          diario::Filas(*con, QStringLiteral("SELECT * FROM %1").arg(QLatin1String(t.nombre)));
-      filas.sort();
-      todo << QLatin1String(t.nombre) << filas;
-    }
-    return todo;
-  }
+  QStringList Base() { return diario::TodasLasTablas(*con); }
   // The entries of a listing, each with its lines in an order of their own, the entries
   // by their head.
   static QStringList Polizas(const QString &listado) {

@@ -22,10 +22,7 @@ protected:
   void SetUp() override {
     emp = std::make_unique<EmpresaPrueba>(GetParam());
     con = emp->Abrir();
-    demo::LlenarIdentidad(*con, QStringLiteral("clave"));
-    demo::LlenarCatalogos(*con);
-    demo::LlenarDocumentos(*con, QDate(2026, 10, 1));
-    Conexion::InstalarGrabadora(nullptr); // thousands of statements: not worth keeping
+    LlenarMesDemo(*con, QDate(2026, 10, 1));
     const SalidaCli g =
         Correr({QStringLiteral("generar")},
                {QStringLiteral("--del"), QStringLiteral("2026-10-01"), QStringLiteral("--al"),

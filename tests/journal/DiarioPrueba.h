@@ -1,5 +1,6 @@
 #pragma once
 
+#include "db/Esquema.h"
 #include "journal/Polizas.h"
 #include "shell/ServicioConexion.h"
 
@@ -51,6 +52,18 @@ inline QStringList Filas(Conexion &con, const QString &sql) {
     filas << c.join(QLatin1Char('|'));
   }
   return filas;
+}
+
+// Every table of the company, each name followed by its rows in an order of their own:
+// two databases that hold the same rows give the same list.
+inline QStringList TodasLasTablas(Conexion &con) {
+  QStringList todo;
+  for (const esquema::Tabla &t : esquema::TablasEmpresa()) {
+    QStringList filas = Filas(con, QStringLiteral("SELECT * FROM %1").arg(QLatin1String(t.nombre)));
+    filas.sort();
+    todo << QLatin1String(t.nombre) << filas;
+  }
+  return todo;
 }
 
 // The journal as a bookkeeper compares it, folio numbers aside: each entry with its

@@ -1,6 +1,5 @@
 #include "EmpresaSintetica.h"
 #include "FixtureGeneracion.h"
-#include "db/Esquema.h"
 #include "export/FormatoArchivo.h"
 #include "export/GenerarArchivo.h"
 #include "journal/DiarioPrueba.h"
@@ -23,17 +22,6 @@ protected:
   }
   void TearDown() override { FijarReloj({}); }
 
-  // Every table of the company, row by row, in an order of its own.
-  QStringList Tablas(Conexion &c) {
-    QStringList todo;
-    for (const esquema::Tabla &t : esquema::TablasEmpresa()) {
-      QStringList filas =
-          diario::Filas(c, QStringLiteral("SELECT * FROM %1").arg(QLatin1String(t.nombre)));
-      filas.sort();
-      todo << QLatin1String(t.nombre) << filas;
-    }
-    return todo;
-  }
   // A generation of the operations the benchmark posts at one frequency, in a rehearsal
   // that leaves nothing when asked; the tables it leaves, and its log.
   std::pair<QStringList, QByteArray> Generar(int frec, bool memoria, bool ensayo) {
@@ -59,7 +47,7 @@ protected:
     o.Memoria = memoria;
     o.Resumen = emp->Ruta() + QStringLiteral("/g%1%2.txt").arg(frec).arg(memoria);
     EXPECT_TRUE(Generador(corrida, o).GenerarPolizas(arbol).hubo);
-    const QStringList tablas = Tablas(c);
+    const QStringList tablas = diario::TodasLasTablas(c);
     if (ensayo)
       c.TerminarEnsayo();
     return {tablas, LeerArchivo(o.Resumen)};

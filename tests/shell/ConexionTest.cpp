@@ -314,6 +314,20 @@ TEST_P(Conexiones, TheMemoryOfReadsAnswersOnlyForTheTablesNamedAndOnlyWhileItLas
   EXPECT_EQ(emp.grabadora.sentencias,
             QStringList({rubros, ninguno, folios, lista, junta, actualizar, folios, lista, junta,
                          actualizar, folios}));
+  // Only a plain query of the tables named is remembered: not one whose tables hide in
+  // parentheses, behind an alias in a list, or in a subquery.
+  const QStringList otras = {
+      QStringLiteral("SELECT COD_RUBRO FROM (tblCatRubros INNER JOIN tblFolios ON "
+                     "COD_RUBRO=COD_FOLIO);"),
+      QStringLiteral("SELECT COD_RUBRO FROM tblCatRubros r , tblFolios f;"),
+      QStringLiteral("SELECT COD_RUBRO FROM tblCatRubros WHERE COD_RUBRO IN (SELECT COD_FOLIO "
+                     "FROM tblFolios);"),
+      QStringLiteral("SELECT COD_RUBRO FROM `tblCatRubros`;")};
+  emp.grabadora.sentencias.clear();
+  for (int vez = 0; vez < 2; ++vez)
+    for (const QString &sql : otras)
+      con->Abrir(sql);
+  EXPECT_EQ(emp.grabadora.sentencias, otras + otras);
   // Once the memory is off, every query goes to the database again.
   con->OlvidarLecturas();
   emp.grabadora.sentencias.clear();

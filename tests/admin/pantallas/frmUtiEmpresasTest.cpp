@@ -7,6 +7,8 @@
 #include "db/Esquema.h"
 #include "journal/DiarioPrueba.h"
 #include "pantallas/PantallaCombos.h"
+#include "pantallas/Pantallas.h"
+#include "shell/Ayuda.h"
 #include "shell/Rutas.h"
 #include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
@@ -27,6 +29,7 @@
 #include <QTableWidget>
 #include <QTest>
 #include <QTimer>
+#include <QUrl>
 #include <gtest/gtest.h>
 
 using diario::Filas;
@@ -298,6 +301,18 @@ TEST_P(PantallasEmpresa, ANewDatabasesAdministratorIsAskedWithThePasswordTwice) 
     clave->setText(QStringLiteral("secreta"));
     confirmar->setText(QStringLiteral("secret"));
     GuardarCaptura(dialogo, QStringLiteral("frmAdministrador"));
+    // F1 opens the manual at the chapter of the first company.
+    std::vector<QUrl> abiertas;
+    InstalarAbridor([&](const QUrl &u) { abiertas.push_back(u); });
+    IniciarAyuda();
+    QDir().mkpath(QFileInfo(RutaNativa(gRutaAyuda)).path());
+    EscribirArchivo(RutaNativa(gRutaAyuda), "%PDF");
+    ayuda::EscribirIndice(RutaNativa(gRutaAyuda),
+                          {{QStringLiteral("01-instalacion"), QStringLiteral("Instalación"), 3}});
+    QTest::keyClick(clave, Qt::Key_F1);
+    InstalarAbridor({});
+    ASSERT_EQ(abiertas.size(), 1u);
+    EXPECT_EQ(abiertas[0].fragment(), QStringLiteral("page=3"));
     // Two passwords that differ are refused, and the dialog stays.
     QTest::keyClick(confirmar, Qt::Key_Return);
     EXPECT_EQ(emp->mensajes.Textos(), QStringList{QStringLiteral("Las contraseñas no coinciden.")});
