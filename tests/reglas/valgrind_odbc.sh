@@ -8,5 +8,9 @@ set -uo pipefail
 prueba="$1"
 [ -n "${ESCRIBANO_PRUEBA_DSN:-}" ] || { echo "Sin servidor MariaDB de prueba."; exit 77; }
 command -v valgrind >/dev/null || { echo "Falta valgrind."; exit 1; }
+# The regular expressions' compiled code (PCRE2's JIT) reads its text sixteen bytes at a
+# time, past the end of the last ones, which valgrind can't tell from a fault: under it
+# they are interpreted.
+export QT_ENABLE_REGEXP_JIT=0
 exec valgrind --error-exitcode=1 --errors-for-leak-kinds=none --num-callers=20 \
   "$prueba" --gtest_filter='Motores/MesDemo.EveryEntryOfTheMonthHasBalancedLines/mariadb'

@@ -237,6 +237,35 @@ void frmGenerarPolizas::GenerarPolizas() {
   CargarOperaciones();
 }
 
+namespace {
+
+// The rehearsal's messages but its "posted" one: the preview tells what the run would
+// post, and nothing was. Warnings still come (no documents, another run going on).
+class SinCierreDeCorrida : public PresentadorMensajes {
+public:
+  SinCierreDeCorrida()
+      : anterior_(CatalogoMensajes::HayPresentadorInstalado() ? CatalogoMensajes::Presentador()
+                                                              : nullptr) {
+    CatalogoMensajes::Instalar(this);
+  }
+  ~SinCierreDeCorrida() override { CatalogoMensajes::Instalar(anterior_); }
+  SinCierreDeCorrida(const SinCierreDeCorrida &) = delete;
+  SinCierreDeCorrida &operator=(const SinCierreDeCorrida &) = delete;
+  RespuestaMensaje Presentar(const Mensaje &mensaje) override {
+    if (mensaje.id == 108)
+      return RespuestaMensaje::Aceptar;
+    CatalogoMensajes::Instalar(anterior_);
+    const RespuestaMensaje respuesta = CatalogoMensajes::Presentador()->Presentar(mensaje);
+    CatalogoMensajes::Instalar(this);
+    return respuesta;
+  }
+
+private:
+  PresentadorMensajes *anterior_;
+};
+
+} // namespace
+
 void frmGenerarPolizas::VistaPrevia() {
   // The log of a rehearsal is its own, and goes with it.
   QTemporaryDir temporal;
@@ -255,6 +284,7 @@ void frmGenerarPolizas::VistaPrevia() {
     };
     generador.detener = [&tarea] { return tarea.Detenida(); };
     Conexion &con = *corrida_.Conexion;
+    const SinCierreDeCorrida sinCierre;
     con.IniciarEnsayo();
     const ResultadoGeneracion resultado = generador.GenerarPolizas(arbol_);
     // The entries as the run wrote them, read before all of it is undone.

@@ -553,6 +553,8 @@ TEST_P(PantallaGeneracion, FFiveShowsWhatTheRunWouldPostAndWritesNothing) {
   };
   revisar(false);
   EXPECT_EQ(vistas, L({"E00000000001|800.00|800.00|2", "E00000000002|150.50|150.50|2"}));
+  // Nothing was posted: the run's "posted" message isn't shown.
+  EXPECT_EQ(emp->mensajes.Ids(), std::vector<int>{});
   EXPECT_EQ(totales, QStringLiteral("Pólizas: 2   Cargos: 950.50   Abonos: 950.50"));
   // Nothing was written: no entry, no document stamped, no folio taken, no log.
   EXPECT_EQ(emp->Contar(QStringLiteral("tblPolizasEnc")), 0);
