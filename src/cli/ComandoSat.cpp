@@ -3,12 +3,28 @@
 #include "export/ContabilidadElectronica.h"
 
 #include <QDir>
+#include <functional>
 
 namespace cli {
 namespace {
 
-// The file and its counts, or the faults, each on a line of its own.
-int Informar(const sat::ResultadoSat &r, const QString &elementos, Contexto &ctx) {
+// A request the SAT wouldn't take, refused before the company is opened.
+int Rechazar(Contexto &ctx, const QStringList &faltas, const ComandoCli &comando) {
+  ctx.err << faltas.join(QLatin1Char('\n')) << "\n\n" << comando.Sinopsis();
+  return kSalidaUso;
+}
+
+enum class Archivo { Polizas, Catalogo };
+
+// Opens the company, writes the file, and tells the file and its counts, or the faults,
+// each on a line of its own.
+int Escribir(const Leidas &o, Contexto &ctx, Archivo tipo,
+             const std::function<sat::ResultadoSat(Conexion &)> &escribir) {
+  SesionCli sesion;
+  const int entrada = IniciarSesion(o, sesion);
+  if (entrada != kSalidaBien)
+    return entrada;
+  const sat::ResultadoSat r = escribir(*sesion.empresa);
   if (!r.Escrito()) {
     ctx.err << sat::EncabezadoFaltas() << "\n";
     for (const QString &falta : r.faltas)
@@ -16,24 +32,25 @@ int Informar(const sat::ResultadoSat &r, const QString &elementos, Contexto &ctx
     return kSalidaSat;
   }
   const QString archivo = QDir::toNativeSeparators(r.archivo);
+  const bool polizas = tipo == Archivo::Polizas;
   if (ctx.json) {
     ctx.objeto.insert(QStringLiteral("archivo"), archivo);
-    ctx.objeto.insert(elementos, r.elementos);
-    if (elementos == QStringLiteral("polizas")) {
+    ctx.objeto.insert(polizas ? QStringLiteral("polizas") : QStringLiteral("cuentas"), r.elementos);
+    if (polizas) {
       ctx.objeto.insert(QStringLiteral("transacciones"), r.transacciones);
       ctx.objeto.insert(QStringLiteral("sinMovimiento"), r.sinMovimiento);
     }
     return kSalidaBien;
   }
   ctx.out << "  Archivo:        " << archivo << "\n";
-  if (elementos == QStringLiteral("polizas")) {
-    ctx.out << "  Pólizas:        " << r.elementos << "\n";
-    ctx.out << "  Transacciones:  " << r.transacciones << "\n";
-    if (r.sinMovimiento > 0)
-      ctx.out << "  Sin movimiento: " << r.sinMovimiento << " (no van en el archivo)\n";
-  } else {
+  if (!polizas) {
     ctx.out << "  Cuentas:        " << r.elementos << "\n";
+    return kSalidaBien;
   }
+  ctx.out << "  Pólizas:        " << r.elementos << "\n";
+  ctx.out << "  Transacciones:  " << r.transacciones << "\n";
+  if (r.sinMovimiento > 0)
+    ctx.out << "  Sin movimiento: " << r.sinMovimiento << " (no van en el archivo)\n";
   return kSalidaBien;
 }
 
@@ -44,31 +61,19 @@ int Polizas(const Leidas &o, Contexto &ctx) {
   p.numOrden = o.Texto(QStringLiteral("orden")).toUpper();
   p.numTramite = o.Texto(QStringLiteral("tramite")).toUpper();
   p.archivo = o.Texto(QStringLiteral("archivo"));
-  // What the request says by itself is checked before the company is opened.
-  const QStringList faltas = sat::FaltasPeticion(p);
-  if (!faltas.isEmpty()) {
-    ctx.err << faltas.join(QLatin1Char('\n')) << "\n\n" << ComandoSatPolizas().Sinopsis();
-    return kSalidaUso;
-  }
-  SesionCli sesion;
-  const int entrada = IniciarSesion(o, sesion);
-  if (entrada != kSalidaBien)
-    return entrada;
-  return Informar(sat::EscribirPolizas(*sesion.empresa, p), QStringLiteral("polizas"), ctx);
+  if (const QStringList faltas = sat::FaltasPeticion(p); !faltas.isEmpty())
+    return Rechazar(ctx, faltas, ComandoSatPolizas());
+  return Escribir(o, ctx, Archivo::Polizas,
+                  [&p](Conexion &con) { return sat::EscribirPolizas(con, p); });
 }
 
 int Catalogo(const Leidas &o, Contexto &ctx) {
-  if (const QStringList faltas = sat::FaltasMes(o.Mes(QStringLiteral("mes"))); !faltas.isEmpty()) {
-    ctx.err << faltas.join(QLatin1Char('\n')) << "\n\n" << ComandoSatCatalogo().Sinopsis();
-    return kSalidaUso;
-  }
-  SesionCli sesion;
-  const int entrada = IniciarSesion(o, sesion);
-  if (entrada != kSalidaBien)
-    return entrada;
-  return Informar(sat::EscribirCatalogo(*sesion.empresa, o.Mes(QStringLiteral("mes")),
-                                        o.Texto(QStringLiteral("archivo"))),
-                  QStringLiteral("cuentas"), ctx);
+  const QDate mes = o.Mes(QStringLiteral("mes"));
+  if (const QStringList faltas = sat::FaltasMes(mes); !faltas.isEmpty())
+    return Rechazar(ctx, faltas, ComandoSatCatalogo());
+  return Escribir(o, ctx, Archivo::Catalogo, [&](Conexion &con) {
+    return sat::EscribirCatalogo(con, mes, o.Texto(QStringLiteral("archivo")));
+  });
 }
 
 OpcionCli OpcionMes() {

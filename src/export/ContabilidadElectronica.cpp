@@ -100,6 +100,18 @@ struct Linea {
 
 } // namespace
 
+namespace {
+
+// The company's RFC, which every file carries; its fault, when it has one, joins the rest.
+QString RfcRevisado(Conexion &con, QStringList &faltas) {
+  const QString rfc = RfcEmpresa(con);
+  if (const QString falta = FaltaRfc(rfc); !falta.isEmpty())
+    faltas << falta;
+  return rfc;
+}
+
+} // namespace
+
 QString RfcEmpresa(Conexion &con) {
   Registros r = con.Abrir(
       QStringLiteral("SELECT RFC1_EMP,RFC2_EMP,RFC3_EMP FROM tblEmpresa WHERE COD_EMPRESA=1;"));
@@ -188,9 +200,7 @@ QStringList FaltasPeticion(const PeticionPolizas &p) {
 ResultadoSat EscribirPolizas(Conexion &con, const PeticionPolizas &p) {
   ResultadoSat res;
   res.faltas = FaltasPeticion(p);
-  const QString rfc = RfcEmpresa(con);
-  if (const QString falta = FaltaRfc(rfc); !falta.isEmpty())
-    res.faltas << falta;
+  const QString rfc = RfcRevisado(con, res.faltas);
   if (!res.faltas.isEmpty())
     return res;
 
@@ -306,9 +316,7 @@ ResultadoSat EscribirPolizas(Conexion &con, const PeticionPolizas &p) {
 ResultadoSat EscribirCatalogo(Conexion &con, const QDate &mes, const QString &archivo) {
   ResultadoSat res;
   res.faltas = FaltasMes(mes);
-  const QString rfc = RfcEmpresa(con);
-  if (const QString falta = FaltaRfc(rfc); !falta.isEmpty())
-    res.faltas << falta;
+  const QString rfc = RfcRevisado(con, res.faltas);
   if (!res.faltas.isEmpty())
     return res;
 

@@ -179,7 +179,6 @@ ResultadoGeneracion Generador::GenerarPolizas(const ArbolOperaciones &arbol) {
             .arg(QString::number(estado_.regla), QString::number(c_.NumConceptos),
                  QString::number(estado_.documento), QString::number(estado_.documentos)));
   bitacora_.CerrarBitacora();
-  c_.Referencia.reset();
   resultado.hubo = c_.HuboPolizas;
   resultado.polizas = polizas_;
   resultado.detenida = detenida_;

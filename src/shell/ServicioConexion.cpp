@@ -583,7 +583,8 @@ void Conexion::OlvidarLecturas() {
 }
 
 bool Conexion::SeRecuerda(const QString &sql) const {
-  if (tablasRecordadas_.isEmpty() || !sql.trimmed().startsWith(u"SELECT", Qt::CaseInsensitive))
+  if (tablasRecordadas_.isEmpty() ||
+      !QStringView(sql).trimmed().startsWith(u"SELECT", Qt::CaseInsensitive))
     return false;
   // Only a plain query is remembered: names without brackets or quotes, no INTO, and after
   // each FROM a clause of bare names and joins, without a list of tables, a parenthesis or
