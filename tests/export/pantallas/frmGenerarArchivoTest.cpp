@@ -455,33 +455,29 @@ TEST_P(PantallaArchivo, TheSatsFileRefusesAWrongNumberAndAPeriodThatIsNoMonth) {
   DatosSat(*con);
   auto f = Abrir();
   f->optSat->setChecked(true);
+  // F10 shows one message and writes nothing: its text.
+  const auto rechazo = [&] {
+    emp->mensajes.mostrados.clear();
+    Tecla(*f, Qt::Key_F10);
+    EXPECT_EQ(emp->mensajes.mostrados.size(), 1u);
+    EXPECT_EQ(emp->mensajes.mostrados.back().icono, IconoMensaje::Advertencia);
+    EXPECT_TRUE(QDir(emp->Ruta() + QStringLiteral("/Export")).isEmpty());
+    return emp->mensajes.mostrados.empty() ? QString() : emp->mensajes.mostrados.back().texto;
+  };
   f->txtNumero->setText(QStringLiteral("ABC123"));
-  Tecla(*f, Qt::Key_F10);
-  ASSERT_EQ(emp->mensajes.mostrados.size(), 1u);
-  EXPECT_EQ(emp->mensajes.mostrados[0].icono, IconoMensaje::Advertencia);
-  EXPECT_TRUE(emp->mensajes.mostrados[0].texto.contains(QStringLiteral("(NumOrden)")));
+  EXPECT_TRUE(rechazo().contains(QStringLiteral("(NumOrden)")));
   EXPECT_TRUE(f->txtNumero->hasFocus());
 
   f->txtNumero->setText(QStringLiteral("ABC1234567/26"));
   f->dtpFechaFin->setDate(QDate(2026, 11, 29));
-  emp->mensajes.mostrados.clear();
-  Tecla(*f, Qt::Key_F10);
-  ASSERT_EQ(emp->mensajes.mostrados.size(), 1u);
-  EXPECT_EQ(emp->mensajes.mostrados[0].texto,
-            QStringLiteral("El XML del SAT es de un mes completo: ponga del primer al último día "
-                           "del mes."));
-  EXPECT_FALSE(QDir(emp->Ruta() + QStringLiteral("/Export")).exists() &&
-               !QDir(emp->Ruta() + QStringLiteral("/Export")).isEmpty());
+  EXPECT_EQ(rechazo(), QStringLiteral("El XML del SAT es de un mes completo: ponga del primer al "
+                                      "último día del mes."));
 
   // A month without entries: the engine's fault, named by its field.
   f->dtpFechaIni->setDate(QDate(2026, 10, 1));
   f->dtpFechaFin->setDate(QDate(2026, 10, 31));
-  emp->mensajes.mostrados.clear();
-  Tecla(*f, Qt::Key_F10);
-  ASSERT_EQ(emp->mensajes.mostrados.size(), 1u);
-  EXPECT_EQ(emp->mensajes.mostrados[0].texto,
-            QStringLiteral("No se escribió el archivo del SAT:\n\nEl mes 10/2026 no tiene pólizas "
-                           "con movimientos (Mes)."));
+  EXPECT_EQ(rechazo(), QStringLiteral("No se escribió el archivo del SAT:\n\nEl mes 10/2026 no "
+                                      "tiene pólizas con movimientos (Mes)."));
   // Back to the company's format: the filters again.
   f->optFormato->setChecked(true);
   EXPECT_TRUE(f->grpFiltros->isEnabled());
