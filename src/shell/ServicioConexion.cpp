@@ -27,11 +27,14 @@ constexpr int kEsperaOcupada = 30000;
 std::atomic<int> gSiguienteNombre{0};
 
 // Faults on purpose, for the tests of what a killed or slow run leaves: the process is
-// killed before its Nth write (ESCRIBANO_PRUEBA_CORTE=N), or each write waits
-// (ESCRIBANO_PRUEBA_PAUSA=milliseconds). Neither is set in ordinary use.
+// killed before its Nth write (ESCRIBANO_PRUEBA_CORTE=N), each write waits
+// (ESCRIBANO_PRUEBA_PAUSA=milliseconds), or a run that takes a lock holds it that long
+// before going on (ESCRIBANO_PRUEBA_PAUSA_CANDADO=milliseconds), writing nothing
+// meanwhile. None is set in ordinary use.
 struct FallaProvocada {
   int corte = qEnvironmentVariableIntValue("ESCRIBANO_PRUEBA_CORTE");
   int pausa = qEnvironmentVariableIntValue("ESCRIBANO_PRUEBA_PAUSA");
+  int pausaCandado = qEnvironmentVariableIntValue("ESCRIBANO_PRUEBA_PAUSA_CANDADO");
   int escrituras = 0;
   void AntesDeEscribir() {
     ++escrituras;
@@ -39,6 +42,10 @@ struct FallaProvocada {
       MatarProceso();
     if (pausa > 0)
       QThread::msleep(static_cast<unsigned long>(pausa));
+  }
+  void CandadoTomado() const {
+    if (pausaCandado > 0)
+      QThread::msleep(static_cast<unsigned long>(pausaCandado));
   }
 };
 FallaProvocada &Falla() {
@@ -386,6 +393,7 @@ std::unique_ptr<Candado> Conexion::TomarCandado(const QString &trabajo, QString 
       *nombre = ruta;
     if (!candado->Tomar())
       return nullptr;
+    Falla().CandadoTomado();
     return candado;
   }
   const QString sql = dialecto_.TomarCandado(trabajo);
@@ -407,6 +415,7 @@ std::unique_ptr<Candado> Conexion::TomarCandado(const QString &trabajo, QString 
     *nombre = n;
   if (!tomado)
     return nullptr;
+  Falla().CandadoTomado();
   return std::make_unique<CandadoServidor>(n, db, soltar);
 }
 

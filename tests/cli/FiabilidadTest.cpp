@@ -124,9 +124,11 @@ TEST_P(Fiabilidad, TwoRunsStartedTogetherPostOnceAndTheSecondIsRefusedWithExitSe
   ASSERT_EQ(sola.codigo, 0) << sola.err.toStdString();
   const QStringList referencia = Diario();
   Vaciar();
-  // Each write waits a little, so that the two runs overlap whatever the machine.
-  QProcess *a = Lanzar(Con("ESCRIBANO_PRUEBA_PAUSA", 5));
-  QProcess *b = Lanzar(Con("ESCRIBANO_PRUEBA_PAUSA", 5));
+  // The run that takes the lock holds it a while before writing anything, so that the
+  // other reaches it meanwhile whatever the machine. (Were the holder writing all along,
+  // the embedded engine would keep the other's log-in waiting for the journal's writes.)
+  QProcess *a = Lanzar(Con("ESCRIBANO_PRUEBA_PAUSA_CANDADO", 3000));
+  QProcess *b = Lanzar(Con("ESCRIBANO_PRUEBA_PAUSA_CANDADO", 3000));
   const Corrida_ ra = Esperar(a);
   const Corrida_ rb = Esperar(b);
   const Corrida_ &rechazada = ra.codigo == 7 ? ra : rb;
