@@ -19,8 +19,6 @@
 
 namespace {
 
-const QString kFinLinea = QStringLiteral("\r\n");
-
 QString Monto(Dinero importe) { return importe.Formato(u"#,##0.00"); }
 
 // Blanks that fit a field: up to a width of 256 they are taken from one text without a
@@ -64,41 +62,52 @@ Ajuste Ajustar(const FormatoArchivo &f, bool esImporte, QStringView valor, int l
   return alineacion == 1 ? Ajuste{blancos, valor, 0} : Ajuste{0, valor, blancos};
 }
 
-// InsSeparador of AjustarCampo, built in one piece.
-QString CampoListo(const FormatoArchivo &f, bool esImporte, QStringView valor, int longitud,
-                   int alineacion) {
+// A field fitted to its width and finished (enclosure, value, enclosure, separator),
+// appended in the file's code page.
+void AnexarCampo(QByteArray &bytes, const RenglonEnCurso &e, const FormatoArchivo &f,
+                 bool esImporte, QStringView valor, int longitud, int alineacion) {
   const Ajuste a = Ajustar(f, esImporte, valor, longitud, alineacion);
-  return f.Encierro % Blancos(a.antes) % a.valor % Blancos(a.despues) % f.Encierro % f.Separador;
+  bytes += e.encierro;
+  bytes.append(a.antes, ' ');
+  AnexarWindows1252(bytes, a.valor);
+  bytes.append(a.despues, ' ');
+  bytes += e.encierro;
+  bytes += e.separador;
+}
+
+QByteArray Campo(const RenglonEnCurso &e, const FormatoArchivo &f, bool esImporte,
+                 QStringView valor, int longitud, int alineacion) {
+  QByteArray campo;
+  AnexarCampo(campo, e, f, esImporte, valor, longitud, alineacion);
+  return campo;
 }
 
 // Debit and credit each in a column of their own, as one field.
-QString DosColumnas(const FormatoArchivo &f, Dinero debe, Dinero haber) {
+void AnexarDosColumnas(QByteArray &bytes, const RenglonEnCurso &e, const FormatoArchivo &f,
+                       Dinero debe, Dinero haber) {
   // The inner separator between the two columns stands between two enclosures: each
   // column is a finished field of its own.
-  return CampoListo(f, true, Monto(debe), f.LongDebe, f.AlDebe) +
-         CampoListo(f, true, Monto(haber), f.LongHaber, f.AlHaber);
+  AnexarCampo(bytes, e, f, true, Monto(debe), f.LongDebe, f.AlDebe);
+  AnexarCampo(bytes, e, f, true, Monto(haber), f.LongHaber, f.AlHaber);
 }
 
 // A user row: each field in the slot of its position, a later field over an earlier one;
-// the slots joined up to the first empty one.
-QString ArmarUsuario(const std::array<int, 6> &posiciones,
-                     const std::array<const QString *, 6> &campos) {
-  std::array<const QString *, 6> lugares{};
+// the slots joined up to the first empty one. The row loses its last character: the
+// last separator, or without one the last character of the last field.
+void AnexarUsuario(QByteArray &bytes, const std::array<int, 6> &posiciones,
+                   const std::array<const QByteArray *, 6> &campos) {
+  std::array<const QByteArray *, 6> lugares{};
   for (std::size_t i = 0; i < 6; ++i) {
     if (posiciones[i] > 6)
       throw FallaArchivo{9, QStringLiteral("Subíndice fuera del intervalo")};
     if (posiciones[i] > 0)
       lugares[static_cast<std::size_t>(posiciones[i] - 1)] = campos[i];
   }
-  std::size_t llenos = 0;
-  qsizetype largo = 0;
-  for (; llenos < 6 && lugares[llenos] && !lugares[llenos]->isEmpty(); ++llenos)
-    largo += lugares[llenos]->size();
-  QString renglon;
-  renglon.reserve(largo);
-  for (std::size_t i = 0; i < llenos; ++i)
-    renglon += *lugares[i];
-  return renglon;
+  const qsizetype inicio = bytes.size();
+  for (std::size_t i = 0; i < 6 && lugares[i] && !lugares[i]->isEmpty(); ++i)
+    bytes += *lugares[i];
+  if (bytes.size() > inicio)
+    bytes.chop(1);
 }
 
 // The columns of the selection that a line reads, in the order of the statement.
@@ -119,25 +128,41 @@ constexpr std::array<const char *, kColumnasSeleccion> kNombresSeleccion = {
     "FOL_POLIZA",   "FEC_POLIZA", "TIP_POLIZA", "CONCEP_POL", "CUENTA_DEBE",
     "CUENTA_HABER", "IMP_DEBE",   "IMP_HABER",  "SUM_DEBE",   "SUM_HABER"};
 
-// The same value to the letter, so that a field built from one stands for the other.
+// The same value to the letter, so that a field built from one stands for the other. A
+// line's values are never Null: a Null stops the run before it is compared.
 bool MismoValor(const QVariant &a, const QVariant &b) {
-  if (a.metaType() != b.metaType() || a.isNull() != b.isNull())
+  const QMetaType tipo = a.metaType();
+  if (tipo != b.metaType())
     return false;
-  if (a.isNull())
-    return true;
-  if (a.metaType() == QMetaType::fromType<QString>())
+  // The common types of a column compared at once, without QVariant's general path.
+  if (tipo == QMetaType::fromType<QString>())
     return *static_cast<const QString *>(a.constData()) ==
            *static_cast<const QString *>(b.constData());
-  if (a.metaType() == QMetaType::fromType<double>())
-    return a.toDouble() == b.toDouble();
+  if (tipo == QMetaType::fromType<double>())
+    return *static_cast<const double *>(a.constData()) ==
+           *static_cast<const double *>(b.constData());
+  if (tipo == QMetaType::fromType<qlonglong>())
+    return *static_cast<const qlonglong *>(a.constData()) ==
+           *static_cast<const qlonglong *>(b.constData());
   return a == b;
 }
 
 // The field of the entry for the values of this row: the one in hand when they are the
 // values it was built from; else built again.
 template <typename Construir>
-const RenglonEnCurso::Recordado &Recordar(RenglonEnCurso::Recordado &r, const QVariant &valor,
-                                          const QVariant &valor2, Construir &&construir) {
+RenglonEnCurso::Recordado &Recordar(RenglonEnCurso::Recordado &r, const QVariant &valor,
+                                    Construir &&construir) {
+  if (!r.hecho || !MismoValor(r.valor, valor)) {
+    r.hecho = false;
+    construir(r);
+    r.valor = valor;
+    r.hecho = true;
+  }
+  return r;
+}
+template <typename Construir>
+RenglonEnCurso::Recordado &Recordar(RenglonEnCurso::Recordado &r, const QVariant &valor,
+                                    const QVariant &valor2, Construir &&construir) {
   if (!r.hecho || !MismoValor(r.valor, valor) || !MismoValor(r.valor2, valor2)) {
     r.hecho = false;
     construir(r);
@@ -154,12 +179,12 @@ bool EsClave(QStringView clave, QStringView a, QStringView b, QStringView c) {
          clave.sliced(a.size(), b.size()) == b && clave.endsWith(c);
 }
 
-// The line ends inside a text, which a concept may bring as well as the rows.
-qsizetype FinesDeLinea(QStringView texto) {
+// The line ends inside a line's bytes, which a concept may bring as well as the rows.
+qsizetype FinesDeLinea(QByteArrayView bytes) {
   qsizetype fines = 0;
-  for (qsizetype i = texto.indexOf(u'\r'); i >= 0 && i + 1 < texto.size();
-       i = texto.indexOf(u'\r', i + 1))
-    fines += texto[i + 1] == u'\n' ? 1 : 0;
+  for (qsizetype i = bytes.indexOf('\r'); i >= 0 && i + 1 < bytes.size();
+       i = bytes.indexOf('\r', i + 1))
+    fines += bytes[i + 1] == '\n' ? 1 : 0;
   return fines;
 }
 
@@ -264,33 +289,25 @@ ResultadoArchivo GenerarArchivo(Conexion &con, FormatoArchivo &f, const DatosGen
   RenglonEnCurso enCurso;
   if (d.memoria)
     enCurso.respuestas.emplace();
-  qint64 polizas = 0;
-  QString folio;
-  const qsizetype columnaFolio = rs.Fin() ? -1 : rs.Indice(QStringLiteral("FOL_POLIZA"));
   for (; !rs.Fin(); rs.Siguiente()) {
-    if (avance) {
-      const QString actual = rs.Campo(columnaFolio).Texto();
-      if (polizas == 0 || actual != folio) {
-        ++polizas;
-        folio = actual;
-      }
-    }
+    const qsizetype inicio = bloque.size();
     try {
-      const QString texto = ArmarRenglon(con, f, rs, enCurso);
-      AnexarWindows1252(bloque, texto);
+      ArmarRenglon(con, f, rs, enCurso, bloque);
+      lineasBloque += 1 + FinesDeLinea(QByteArrayView(bloque).sliced(inicio));
       bloque += "\r\n";
-      lineasBloque += 1 + FinesDeLinea(texto);
       if (bloque.size() >= kTamanoBloque && !vaciar())
         throw kFallaEscritura;
     } catch (const FallaArchivo &falla) {
+      bloque.truncate(inicio);
       vaciar();
       return fallar(falla);
     } catch (const ErrorFatal &e) {
       // The queries of the package's fields fail under the trap as well.
+      bloque.truncate(inicio);
       vaciar();
       return fallar({kErrorSentencia, e.Mensaje()});
     }
-    if (avance && !avance(resultado.lineas + lineasBloque, polizas)) {
+    if (avance && !avance(resultado.lineas + lineasBloque, enCurso.polizas)) {
       // Stopped by the user: what was written goes, and no file is left.
       archivo.close();
       archivo.remove();
@@ -439,63 +456,83 @@ QString ObtenerReferencia(Conexion &con, const QString &folio,
 
 namespace {
 
-// What a lookup gives a line: with the run's memory, asked again only when the value it
-// is asked for changes; without it, asked on every line.
-template <typename Preguntar>
-QString UnaVez(QHash<QString, QString> *respuestas, RenglonEnCurso::Recordado &recordado,
-               const QVariant &valor, Preguntar &&preguntar) {
+// What a lookup gives a line, kept in the given member: with the run's memory, asked
+// again only when the value it is asked for changes; without it, asked on every line.
+template <typename T, typename Preguntar>
+T UnaVez(QHash<QString, QString> *respuestas, RenglonEnCurso::Recordado &recordado,
+         T RenglonEnCurso::Recordado::*donde, const QVariant &valor, Preguntar &&preguntar) {
   if (!respuestas)
     return preguntar(nullptr);
-  return Recordar(recordado, valor, {},
-                  [&](RenglonEnCurso::Recordado &r) { r.texto = preguntar(respuestas); })
-      .texto;
+  return Recordar(recordado, valor,
+                  [&](RenglonEnCurso::Recordado &r) { r.*donde = preguntar(respuestas); }).*
+         donde;
 }
 
 } // namespace
 
-QString ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, RenglonEnCurso &e) {
+void ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, RenglonEnCurso &e,
+                  QByteArray &bloque) {
   if (e.columnas.empty()) {
     std::vector<qsizetype> columnas;
     for (const char *nombre : kNombresSeleccion)
       columnas.push_back(rs.Indice(QLatin1String(nombre)));
     e.columnas = std::move(columnas);
+    e.encierro = CodificarWindows1252(f.Encierro);
+    e.separador = CodificarWindows1252(f.Separador);
+    for (auto [marca, campo] :
+         {std::pair{&f.MarcaDebe, &e.marcaDebe}, {&f.MarcaHaber, &e.marcaHaber}})
+      *campo = e.encierro + CodificarWindows1252(*marca) + e.encierro + e.separador;
   }
-  // A column that the line needs; Null stops the run as it stops the family's code.
+  // A column that the line needs; Null stops the run as it stops the family's code. The
+  // entry's columns are only compared with the line before, and read as values when they
+  // change.
+  const auto variante = [&](ColumnaSeleccion columna) {
+    QVariant v = rs.Variante(e.columnas[columna]);
+    if (v.isNull())
+      throw FallaArchivo{94, QStringLiteral("Uso no válido de Null")};
+    return v;
+  };
+  const auto valor = [&](ColumnaSeleccion columna) { return rs.Campo(e.columnas[columna]); };
   const auto noNulo = [&](ColumnaSeleccion columna) {
-    Valor v = rs.Campo(e.columnas[columna]);
+    Valor v = valor(columna);
     if (v.EsNulo())
       throw FallaArchivo{94, QStringLiteral("Uso no válido de Null")};
     return v;
   };
-  const Valor folio = noNulo(kFolPoliza);
-  const Valor fecha = noNulo(kFecPoliza);
-  const Valor tipo = noNulo(kTipPoliza);
-  const QString &textoFolio =
-      Recordar(e.folio, folio.Variante(), {}, [&](RenglonEnCurso::Recordado &r) {
-        r.dato = folio.Texto();
-        r.texto = CampoListo(f, false, r.dato, f.LongFolio, f.AlFolio);
-      }).dato;
-  const QString &campoFolio = e.folio.texto;
-  const RenglonEnCurso::Recordado &campoFecha =
-      Recordar(e.fecha, fecha.Variante(), {}, [&](RenglonEnCurso::Recordado &r) {
-        r.dato = fecha.Texto();
-        r.texto = CampoListo(f, false, FormatearFecha(f, fecha.Fecha()), f.LongFecha, f.AlFecha);
+  const QVariant folio = variante(kFolPoliza);
+  const QVariant fecha = variante(kFecPoliza);
+  const QVariant tipo = variante(kTipPoliza);
+  const RenglonEnCurso::Recordado &campoFolio =
+      Recordar(e.folio, folio, [&](RenglonEnCurso::Recordado &r) {
+        QString texto = valor(kFolPoliza).Texto();
+        if (e.polizas == 0 || texto != r.dato)
+          ++e.polizas;
+        r.dato = std::move(texto);
+        r.campo = Campo(e, f, false, r.dato, f.LongFolio, f.AlFolio);
       });
-  const QString textoTipo = tipo.Texto();
+  const QString &textoFolio = campoFolio.dato;
+  const RenglonEnCurso::Recordado &campoFecha =
+      Recordar(e.fecha, fecha, [&](RenglonEnCurso::Recordado &r) {
+        const Valor v = valor(kFecPoliza);
+        r.dato = v.Texto();
+        r.campo = Campo(e, f, false, FormatearFecha(f, v.Fecha()), f.LongFecha, f.AlFecha);
+      });
+  const QString &textoTipo = Recordar(e.tipoLeido, tipo, [&](RenglonEnCurso::Recordado &r) {
+                               r.dato = valor(kTipPoliza).Texto();
+                             }).dato;
   // The package's number of the type is asked for on every line (once per run with memory).
   QHash<QString, QString> *respuestas = e.respuestas ? &*e.respuestas : nullptr;
-  const QString tipoPoliza =
-      UnaVez(respuestas, e.numeroTipo, tipo.Variante(), [&](QHash<QString, QString> *memoria) {
-        return ObtenerTipoPoliza(con, f, textoTipo, memoria);
-      });
-  const QString &campoTipo = Recordar(e.tipo, tipoPoliza, {}, [&](RenglonEnCurso::Recordado &r) {
-                               r.texto = CampoListo(f, false, tipoPoliza, f.LongTipo, f.AlTipo);
-                             }).texto;
-  const Valor concepto = noNulo(kConcepPol);
-  const QString &campoConcepto =
-      Recordar(e.concepto, concepto.Variante(), {}, [&](RenglonEnCurso::Recordado &r) {
-        r.texto = CampoListo(f, false, concepto.Texto(), f.LongConcepto, f.AlConcepto);
-      }).texto;
+  const QString tipoPoliza = UnaVez(respuestas, e.numeroTipo, &RenglonEnCurso::Recordado::dato,
+                                    tipo, [&](QHash<QString, QString> *memoria) {
+                                      return ObtenerTipoPoliza(con, f, textoTipo, memoria);
+                                    });
+  const QByteArray &campoTipo = Recordar(e.tipo, tipoPoliza, [&](RenglonEnCurso::Recordado &r) {
+                                  r.campo = Campo(e, f, false, tipoPoliza, f.LongTipo, f.AlTipo);
+                                }).campo;
+  const QByteArray &campoConcepto =
+      Recordar(e.concepto, variante(kConcepPol), [&](RenglonEnCurso::Recordado &r) {
+        r.campo = Campo(e, f, false, valor(kConcepPol).Texto(), f.LongConcepto, f.AlConcepto);
+      }).campo;
 
   // A line is a debit when its debit amount is above 0; any other line, one of 0 included,
   // is a credit and takes the credit account.
@@ -505,80 +542,84 @@ QString ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Reng
   auto hecha = e.cuentas.constFind(cuenta);
   if (hecha == e.cuentas.constEnd()) {
     TextoCorto formateada;
-    hecha = e.cuentas.insert(cuenta, CampoListo(f, false, CuentaFormateada(f, cuenta, formateada),
-                                                f.LongCuenta, f.AlCuenta));
+    hecha = e.cuentas.insert(cuenta, Campo(e, f, false, CuentaFormateada(f, cuenta, formateada),
+                                           f.LongCuenta, f.AlCuenta));
   }
-  const QString &campoCuenta = *hecha;
+  const QByteArray &campoCuenta = *hecha;
 
-  QString campoImporte;
+  // The amount's field, in a buffer that every line reuses.
+  QByteArray &campoImporte = e.importe;
+  campoImporte.resize(0);
   if (f.ColumnasSeparadas) {
-    campoImporte = DosColumnas(f, debe, noNulo(kImpHaber).ComoDinero());
+    AnexarDosColumnas(campoImporte, e, f, debe, noNulo(kImpHaber).ComoDinero());
   } else if (esDebe) {
-    campoImporte = f.Encierro % f.MarcaDebe % f.Encierro % f.Separador %
-                   CampoListo(f, true, Monto(debe), f.LongDebe, f.AlDebe);
+    campoImporte += e.marcaDebe;
+    AnexarCampo(campoImporte, e, f, true, Monto(debe), f.LongDebe, f.AlDebe);
   } else {
     const Dinero haber = noNulo(kImpHaber).ComoDinero();
-    campoImporte = f.Encierro % f.MarcaHaber % f.Encierro % f.Separador %
-                   CampoListo(f, true, Monto(haber), f.LongHaber, f.AlHaber);
+    campoImporte += e.marcaHaber;
+    AnexarCampo(campoImporte, e, f, true, Monto(haber), f.LongHaber, f.AlHaber);
   }
   // The sums go in two columns in every style; the package's has none, but a sum that is
   // no amount stops its run too. The lines of an entry carry the same ones.
-  const Valor valorSumaDebe = noNulo(kSumDebe);
-  const Valor valorSumaHaber = noNulo(kSumHaber);
-  const QString &campoSumas = Recordar(e.suma, valorSumaDebe.Variante(), valorSumaHaber.Variante(),
-                                       [&](RenglonEnCurso::Recordado &r) {
-                                         const Dinero sumaDebe = valorSumaDebe.ComoDinero();
-                                         const Dinero sumaHaber = valorSumaHaber.ComoDinero();
-                                         if (!f.EsPaquete)
-                                           r.texto = DosColumnas(f, sumaDebe, sumaHaber);
-                                       })
-                                  .texto;
+  const QByteArray &campoSumas =
+      Recordar(e.suma, variante(kSumDebe), variante(kSumHaber), [&](RenglonEnCurso::Recordado &r) {
+        const Dinero sumaDebe = valor(kSumDebe).ComoDinero();
+        const Dinero sumaHaber = valor(kSumHaber).ComoDinero();
+        r.campo.clear();
+        if (!f.EsPaquete)
+          AnexarDosColumnas(r.campo, e, f, sumaDebe, sumaHaber);
+      }).campo;
 
   // The first row is written only when the entry changes, or on every line of a one-row
-  // format: it is put together only then.
+  // format. Each row loses its last character: the last separator, or without one the
+  // last character of the last field.
   const bool mismaPoliza = EsClave(f.ClaveAnterior, textoFolio, campoFecha.dato, textoTipo);
   const bool conRenglon1 = !mismaPoliza || f.NumRenglones == 1;
-  QString renglon1, renglon2;
   if (f.EsPaquete) {
     // The P and N records, then the M record; the sums aren't written.
-    if (conRenglon1)
-      renglon1 = QStringLiteral("P ") % campoFecha.texto % campoTipo % campoFolio %
-                 QStringLiteral("0 ") % QStringLiteral("000 ") % campoConcepto %
-                 QStringLiteral("0 ") % QStringLiteral("0 ") % kFinLinea % QStringLiteral("N    ");
-    const QString campoReferencia =
-        UnaVez(respuestas, e.referencia, folio.Variante(), [&](QHash<QString, QString> *memoria) {
-          return CampoListo(f, false, ObtenerReferencia(con, textoFolio, memoria), 10, 1);
-        });
-    renglon2 = QStringLiteral("M ") % campoCuenta % campoReferencia % campoImporte %
-               QStringLiteral("000 ") % QStringLiteral("0.00 ") %
-               QStringView(campoConcepto).left(30);
+    if (conRenglon1) {
+      bloque += "P ";
+      bloque += campoFecha.campo;
+      bloque += campoTipo;
+      bloque += campoFolio.campo;
+      bloque += "0 000 ";
+      bloque += campoConcepto;
+      bloque += "0 0 \r\nN   \r\n";
+    }
+    const QByteArray campoReferencia =
+        UnaVez(respuestas, e.referencia, &RenglonEnCurso::Recordado::campo, folio,
+               [&](QHash<QString, QString> *memoria) {
+                 return Campo(e, f, false, ObtenerReferencia(con, textoFolio, memoria), 10, 1);
+               });
+    bloque += "M ";
+    bloque += campoCuenta;
+    bloque += campoReferencia;
+    bloque += campoImporte;
+    bloque += "000 0.00 ";
+    bloque += QByteArrayView(campoConcepto).first(std::min<qsizetype>(campoConcepto.size(), 30));
+    bloque.chop(1);
   } else {
     // Row 1 carries the sums when there is a detail row to carry the amounts.
-    if (conRenglon1) {
-      const QString *importe = &campoImporte;
-      if (f.NumRenglones != 1)
-        importe = &campoSumas;
-      renglon1 = ArmarUsuario(f.Renglon1, {&campoFolio, &campoFecha.texto, &campoTipo, &campoCuenta,
-                                           &campoConcepto, importe});
+    if (conRenglon1)
+      AnexarUsuario(bloque, f.Renglon1,
+                    {&campoFolio.campo, &campoFecha.campo, &campoTipo, &campoCuenta, &campoConcepto,
+                     f.NumRenglones != 1 ? &campoSumas : &campoImporte});
+    if (f.NumRenglones == 2) {
+      // Row 2 goes on a line of its own, when it has anything.
+      const qsizetype fin1 = bloque.size();
+      if (conRenglon1)
+        bloque += "\r\n";
+      const qsizetype inicio2 = bloque.size();
+      AnexarUsuario(bloque, f.Renglon2,
+                    {&campoFolio.campo, &campoFecha.campo, &campoTipo, &campoCuenta, &campoConcepto,
+                     &campoImporte});
+      if (conRenglon1 && bloque.size() == inicio2)
+        bloque.truncate(fin1);
     }
-    if (f.NumRenglones == 2)
-      renglon2 = ArmarUsuario(f.Renglon2, {&campoFolio, &campoFecha.texto, &campoTipo, &campoCuenta,
-                                           &campoConcepto, &campoImporte});
   }
-  // Each row loses its last character: the last separator, or without one the last
-  // character of the last field.
-  if (!renglon1.isEmpty())
-    renglon1.chop(1);
-  if (!renglon2.isEmpty())
-    renglon2.chop(1);
   if (!mismaPoliza)
     f.ClaveAnterior = textoFolio % campoFecha.dato % textoTipo;
-
-  if (!conRenglon1)
-    return renglon2;
-  if (renglon2.isEmpty())
-    return renglon1;
-  return renglon1 % kFinLinea % renglon2;
 }
 
 std::optional<FuenteConceptos> ConsultaConceptos(const QString &operacion) {

@@ -2,6 +2,7 @@
 
 #include "export/FormatoArchivo.h"
 
+#include <QByteArray>
 #include <QDate>
 #include <QHash>
 #include <QString>
@@ -62,25 +63,32 @@ ResultadoArchivo GenerarArchivo(Conexion &con, FormatoArchivo &formato,
 struct RenglonEnCurso {
   struct Recordado {
     QVariant valor, valor2; // the values of the row it was built from
-    QString texto;          // the finished field
+    QByteArray campo;       // the finished field, in the file's code page
     QString dato;           // the value as plain text, where the line needs it
     bool hecho = false;
   };
   std::vector<qsizetype> columnas; // empty until the first line
-  Recordado folio, fecha, tipo, concepto, suma;
+  Recordado folio, fecha, concepto, suma;
+  Recordado tipoLeido, tipo; // the type as read, and its field (the package's number)
   // The run's answers to its lookups, by statement text; null when the memory is off.
   std::optional<QHash<QString, QString>> respuestas;
   // With the memory, the last answer of each lookup by the value it was asked for: the
   // lines of one entry ask the same, and needn't even spell the statement again.
   Recordado numeroTipo, referencia;
   // The account's finished field by the account: a period names few accounts many times.
-  QHash<QString, QString> cuentas;
+  QHash<QString, QByteArray> cuentas;
+  // The format's enclosure and separator, and its debit and credit marks as finished
+  // fields, in the file's code page.
+  QByteArray encierro, separador, marcaDebe, marcaHaber;
+  QByteArray importe; // the line's amount field
+  qint64 polizas = 0; // entries begun so far: the folio changed from the line before
 };
 
-// The text for the current journal line of the selection: one or more lines of the
-// file, without the last line end. Throws FallaArchivo.
-QString ArmarRenglon(Conexion &con, FormatoArchivo &formato, const Registros &rs,
-                     RenglonEnCurso &enCurso);
+// Appends the current journal line of the selection to the block, in the file's code
+// page: one or more lines of the file, without the last line end. Throws FallaArchivo,
+// leaving in the block what it had appended by then.
+void ArmarRenglon(Conexion &con, FormatoArchivo &formato, const Registros &rs,
+                  RenglonEnCurso &enCurso, QByteArray &bloque);
 
 // A field fitted to its width when the format has fixed widths.
 QString AjustarCampo(const FormatoArchivo &formato, bool esImporte, QString valor, int longitud,

@@ -299,16 +299,17 @@ qsizetype Registros::Indice(const QString &nombre) const {
   return i;
 }
 
-Valor Registros::Campo(qsizetype indice) const {
+QVariant Registros::Variante(qsizetype indice) const {
   if (fin_)
     throw ErrorFatal(
         QStringLiteral("No hay registro actual para leer %1.").arg(nombres_.value(indice)),
         sentencia_);
   if (leidas_)
-    return Valor(leidas_->filas[filaLeida_][static_cast<std::size_t>(indice)], nombres_[indice]);
-  return Valor(c_ ? fila_[static_cast<std::size_t>(indice)] : q_->value(static_cast<int>(indice)),
-               nombres_[indice]);
+    return leidas_->filas[filaLeida_][static_cast<std::size_t>(indice)];
+  return c_ ? fila_[static_cast<std::size_t>(indice)] : q_->value(static_cast<int>(indice));
 }
+
+Valor Registros::Campo(qsizetype indice) const { return Valor(Variante(indice), nombres_[indice]); }
 
 Valor Registros::Campo(const QString &nombre) const { return Campo(Indice(nombre)); }
 

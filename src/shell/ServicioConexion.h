@@ -68,6 +68,9 @@ public:
   // rows finds it once and reads each row by it.
   qsizetype Indice(const QString &nombre) const;
   Valor Campo(qsizetype indice) const;
+  // The bare value of a field by its place, for a loop that only compares it with the
+  // row before.
+  QVariant Variante(qsizetype indice) const;
   bool TieneCampo(const QString &nombre) const;
   QStringList Campos() const { return nombres_; }
 
