@@ -16,10 +16,14 @@
 #include <QVarLengthArray>
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 namespace {
 
-QString Monto(Dinero importe) { return importe.Formato(u"#,##0.00"); }
+// An amount as the file writes it, in the caller's buffer.
+QStringView Monto(Dinero importe, Dinero::Cifras &buffer) {
+  return importe.Formato(u"#,##0.00", buffer);
+}
 
 // Blanks that fit a field: up to a width of 256 they are taken from one text without a
 // copy, so that a fitted field is built in one piece.
@@ -67,12 +71,30 @@ Ajuste Ajustar(const FormatoArchivo &f, bool esImporte, QStringView valor, int l
 void AnexarCampo(QByteArray &bytes, const RenglonEnCurso &e, const FormatoArchivo &f,
                  bool esImporte, QStringView valor, int longitud, int alineacion) {
   const Ajuste a = Ajustar(f, esImporte, valor, longitud, alineacion);
-  bytes += e.encierro;
-  bytes.append(a.antes, ' ');
-  AnexarWindows1252(bytes, a.valor);
-  bytes.append(a.despues, ' ');
-  bytes += e.encierro;
-  bytes += e.separador;
+  const auto copiar = [](char *destino, const QByteArray &parte) {
+    return std::copy(parte.cbegin(), parte.cend(), destino);
+  };
+  // Sized once and filled in place: a line builds one of these for its amount.
+  const qsizetype inicio = bytes.size();
+  bytes.resize(inicio + 2 * e.encierro.size() + a.antes + a.valor.size() + a.despues +
+               e.separador.size());
+  char *destino = copiar(bytes.data() + inicio, e.encierro);
+  destino = std::fill_n(destino, a.antes, ' ');
+  destino = EscribirWindows1252(destino, a.valor);
+  destino = std::fill_n(destino, a.despues, ' ');
+  copiar(copiar(destino, e.encierro), e.separador);
+}
+
+// Pieces written behind the bytes, sized once: a line is put together from a handful.
+void Juntar(QByteArray &bytes, std::initializer_list<QByteArrayView> partes) {
+  qsizetype largo = 0;
+  for (QByteArrayView parte : partes)
+    largo += parte.size();
+  const qsizetype inicio = bytes.size();
+  bytes.resize(inicio + largo);
+  char *destino = bytes.data() + inicio;
+  for (QByteArrayView parte : partes)
+    destino = std::copy(parte.begin(), parte.end(), destino);
 }
 
 QByteArray Campo(const RenglonEnCurso &e, const FormatoArchivo &f, bool esImporte,
@@ -87,8 +109,9 @@ void AnexarDosColumnas(QByteArray &bytes, const RenglonEnCurso &e, const Formato
                        Dinero debe, Dinero haber) {
   // The inner separator between the two columns stands between two enclosures: each
   // column is a finished field of its own.
-  AnexarCampo(bytes, e, f, true, Monto(debe), f.LongDebe, f.AlDebe);
-  AnexarCampo(bytes, e, f, true, Monto(haber), f.LongHaber, f.AlHaber);
+  Dinero::Cifras cifras;
+  AnexarCampo(bytes, e, f, true, Monto(debe, cifras), f.LongDebe, f.AlDebe);
+  AnexarCampo(bytes, e, f, true, Monto(haber, cifras), f.LongHaber, f.AlHaber);
 }
 
 // A user row: each field in the slot of its position, a later field over an earlier one;
@@ -103,11 +126,21 @@ void AnexarUsuario(QByteArray &bytes, const std::array<int, 6> &posiciones,
     if (posiciones[i] > 0)
       lugares[static_cast<std::size_t>(posiciones[i] - 1)] = campos[i];
   }
+  std::size_t llenos = 0;
+  qsizetype largo = 0;
+  for (; llenos < 6 && lugares[llenos] && !lugares[llenos]->isEmpty(); ++llenos)
+    largo += lugares[llenos]->size();
+  // Copied at once, less the last character.
+  qsizetype falta = std::max<qsizetype>(largo - 1, 0);
   const qsizetype inicio = bytes.size();
-  for (std::size_t i = 0; i < 6 && lugares[i] && !lugares[i]->isEmpty(); ++i)
-    bytes += *lugares[i];
-  if (bytes.size() > inicio)
-    bytes.chop(1);
+  bytes.resize(inicio + falta);
+  char *destino = bytes.data() + inicio;
+  for (std::size_t i = 0; i < llenos && falta > 0; ++i) {
+    const qsizetype parte = std::min(falta, lugares[i]->size());
+    std::memcpy(destino, lugares[i]->constData(), static_cast<std::size_t>(parte));
+    destino += parte;
+    falta -= parte;
+  }
 }
 
 // The columns of the selection that a line reads, in the order of the statement.
@@ -182,9 +215,13 @@ bool EsClave(QStringView clave, QStringView a, QStringView b, QStringView c) {
 // The line ends inside a line's bytes, which a concept may bring as well as the rows.
 qsizetype FinesDeLinea(QByteArrayView bytes) {
   qsizetype fines = 0;
-  for (qsizetype i = bytes.indexOf('\r'); i >= 0 && i + 1 < bytes.size();
-       i = bytes.indexOf('\r', i + 1))
-    fines += bytes[i + 1] == '\n' ? 1 : 0;
+  const char *const fin = bytes.data() + bytes.size();
+  for (const char *cr = bytes.data(); cr < fin; ++cr) {
+    cr = static_cast<const char *>(std::memchr(cr, '\r', static_cast<std::size_t>(fin - cr)));
+    if (!cr || cr + 1 == fin)
+      break;
+    fines += cr[1] == '\n' ? 1 : 0;
+  }
   return fines;
 }
 
@@ -294,7 +331,7 @@ ResultadoArchivo GenerarArchivo(Conexion &con, FormatoArchivo &f, const DatosGen
     try {
       ArmarRenglon(con, f, rs, enCurso, bloque);
       lineasBloque += 1 + FinesDeLinea(QByteArrayView(bloque).sliced(inicio));
-      bloque += "\r\n";
+      Juntar(bloque, {"\r\n"});
       if (bloque.size() >= kTamanoBloque && !vaciar())
         throw kFallaEscritura;
     } catch (const FallaArchivo &falla) {
@@ -456,16 +493,16 @@ QString ObtenerReferencia(Conexion &con, const QString &folio,
 
 namespace {
 
-// What a lookup gives a line, kept in the given member: with the run's memory, asked
-// again only when the value it is asked for changes; without it, asked on every line.
-template <typename T, typename Preguntar>
-T UnaVez(QHash<QString, QString> *respuestas, RenglonEnCurso::Recordado &recordado,
-         T RenglonEnCurso::Recordado::*donde, const QVariant &valor, Preguntar &&preguntar) {
+// A finished field from a lookup: with the run's memory, asked again only when the
+// value it is asked for changes; without it, asked on every line.
+template <typename Preguntar>
+QByteArray UnaVez(QHash<QString, QString> *respuestas, RenglonEnCurso::Recordado &recordado,
+                  const QVariant &valor, Preguntar &&preguntar) {
   if (!respuestas)
     return preguntar(nullptr);
   return Recordar(recordado, valor,
-                  [&](RenglonEnCurso::Recordado &r) { r.*donde = preguntar(respuestas); }).*
-         donde;
+                  [&](RenglonEnCurso::Recordado &r) { r.campo = preguntar(respuestas); })
+      .campo;
 }
 
 } // namespace
@@ -477,6 +514,9 @@ void ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Renglon
     for (const char *nombre : kNombresSeleccion)
       columnas.push_back(rs.Indice(QLatin1String(nombre)));
     e.columnas = std::move(columnas);
+    const QStringList nombres = rs.Campos();
+    for (qsizetype columna : e.columnas)
+      e.nombres.push_back(nombres.value(columna));
     e.encierro = CodificarWindows1252(f.Encierro);
     e.separador = CodificarWindows1252(f.Separador);
     for (auto [marca, campo] :
@@ -492,19 +532,15 @@ void ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Renglon
       throw FallaArchivo{94, QStringLiteral("Uso no válido de Null")};
     return v;
   };
-  const auto valor = [&](ColumnaSeleccion columna) { return rs.Campo(e.columnas[columna]); };
-  const auto noNulo = [&](ColumnaSeleccion columna) {
-    Valor v = valor(columna);
-    if (v.EsNulo())
-      throw FallaArchivo{94, QStringLiteral("Uso no válido de Null")};
-    return v;
+  const auto importe = [&](ColumnaSeleccion columna) {
+    return Valor::ComoDinero(variante(columna), e.nombres[columna]);
   };
   const QVariant folio = variante(kFolPoliza);
   const QVariant fecha = variante(kFecPoliza);
   const QVariant tipo = variante(kTipPoliza);
   const RenglonEnCurso::Recordado &campoFolio =
       Recordar(e.folio, folio, [&](RenglonEnCurso::Recordado &r) {
-        QString texto = valor(kFolPoliza).Texto();
+        QString texto = Valor::Texto(folio);
         if (e.polizas == 0 || texto != r.dato)
           ++e.polizas;
         r.dato = std::move(texto);
@@ -513,32 +549,39 @@ void ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Renglon
   const QString &textoFolio = campoFolio.dato;
   const RenglonEnCurso::Recordado &campoFecha =
       Recordar(e.fecha, fecha, [&](RenglonEnCurso::Recordado &r) {
-        const Valor v = valor(kFecPoliza);
+        const Valor v(fecha, e.nombres[kFecPoliza]);
         r.dato = v.Texto();
         r.campo = Campo(e, f, false, FormatearFecha(f, v.Fecha()), f.LongFecha, f.AlFecha);
       });
-  const QString &textoTipo = Recordar(e.tipoLeido, tipo, [&](RenglonEnCurso::Recordado &r) {
-                               r.dato = valor(kTipPoliza).Texto();
-                             }).dato;
-  // The package's number of the type is asked for on every line (once per run with memory).
+  // The type's field. The package's number of the type is asked for on every line; with
+  // the memory, only when the type changes.
   QHash<QString, QString> *respuestas = e.respuestas ? &*e.respuestas : nullptr;
-  const QString tipoPoliza = UnaVez(respuestas, e.numeroTipo, &RenglonEnCurso::Recordado::dato,
-                                    tipo, [&](QHash<QString, QString> *memoria) {
-                                      return ObtenerTipoPoliza(con, f, textoTipo, memoria);
-                                    });
-  const QByteArray &campoTipo = Recordar(e.tipo, tipoPoliza, [&](RenglonEnCurso::Recordado &r) {
-                                  r.campo = Campo(e, f, false, tipoPoliza, f.LongTipo, f.AlTipo);
-                                }).campo;
+  const QByteArray *campoTipo = nullptr;
+  if (respuestas) {
+    campoTipo = &Recordar(e.tipo, tipo, [&](RenglonEnCurso::Recordado &r) {
+                   r.dato = Valor::Texto(tipo);
+                   r.campo = Campo(e, f, false, ObtenerTipoPoliza(con, f, r.dato, respuestas),
+                                   f.LongTipo, f.AlTipo);
+                 }).campo;
+  } else {
+    Recordar(e.tipo, tipo, [&](RenglonEnCurso::Recordado &r) { r.dato = Valor::Texto(tipo); });
+    const QString numero = ObtenerTipoPoliza(con, f, e.tipo.dato, nullptr);
+    campoTipo = &Recordar(e.numeroTipo, numero, [&](RenglonEnCurso::Recordado &r) {
+                   r.campo = Campo(e, f, false, numero, f.LongTipo, f.AlTipo);
+                 }).campo;
+  }
+  const QString &textoTipo = e.tipo.dato;
+  const QVariant concepto = variante(kConcepPol);
   const QByteArray &campoConcepto =
-      Recordar(e.concepto, variante(kConcepPol), [&](RenglonEnCurso::Recordado &r) {
-        r.campo = Campo(e, f, false, valor(kConcepPol).Texto(), f.LongConcepto, f.AlConcepto);
+      Recordar(e.concepto, concepto, [&](RenglonEnCurso::Recordado &r) {
+        r.campo = Campo(e, f, false, Valor::Texto(concepto), f.LongConcepto, f.AlConcepto);
       }).campo;
 
   // A line is a debit when its debit amount is above 0; any other line, one of 0 included,
   // is a credit and takes the credit account.
-  const Dinero debe = noNulo(kImpDebe).ComoDinero();
+  const Dinero debe = importe(kImpDebe);
   const bool esDebe = debe > Dinero();
-  const QString cuenta = noNulo(esDebe ? kCuentaDebe : kCuentaHaber).Texto();
+  const QString cuenta = Valor::Texto(variante(esDebe ? kCuentaDebe : kCuentaHaber));
   auto hecha = e.cuentas.constFind(cuenta);
   if (hecha == e.cuentas.constEnd()) {
     TextoCorto formateada;
@@ -550,22 +593,25 @@ void ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Renglon
   // The amount's field, in a buffer that every line reuses.
   QByteArray &campoImporte = e.importe;
   campoImporte.resize(0);
+  Dinero::Cifras cifras;
   if (f.ColumnasSeparadas) {
-    AnexarDosColumnas(campoImporte, e, f, debe, noNulo(kImpHaber).ComoDinero());
+    AnexarDosColumnas(campoImporte, e, f, debe, importe(kImpHaber));
   } else if (esDebe) {
     campoImporte += e.marcaDebe;
-    AnexarCampo(campoImporte, e, f, true, Monto(debe), f.LongDebe, f.AlDebe);
+    AnexarCampo(campoImporte, e, f, true, Monto(debe, cifras), f.LongDebe, f.AlDebe);
   } else {
-    const Dinero haber = noNulo(kImpHaber).ComoDinero();
+    const Dinero haber = importe(kImpHaber);
     campoImporte += e.marcaHaber;
-    AnexarCampo(campoImporte, e, f, true, Monto(haber), f.LongHaber, f.AlHaber);
+    AnexarCampo(campoImporte, e, f, true, Monto(haber, cifras), f.LongHaber, f.AlHaber);
   }
   // The sums go in two columns in every style; the package's has none, but a sum that is
   // no amount stops its run too. The lines of an entry carry the same ones.
+  const QVariant debeEntrada = variante(kSumDebe);
+  const QVariant haberEntrada = variante(kSumHaber);
   const QByteArray &campoSumas =
-      Recordar(e.suma, variante(kSumDebe), variante(kSumHaber), [&](RenglonEnCurso::Recordado &r) {
-        const Dinero sumaDebe = valor(kSumDebe).ComoDinero();
-        const Dinero sumaHaber = valor(kSumHaber).ComoDinero();
+      Recordar(e.suma, debeEntrada, haberEntrada, [&](RenglonEnCurso::Recordado &r) {
+        const Dinero sumaDebe = Valor::ComoDinero(debeEntrada, e.nombres[kSumDebe]);
+        const Dinero sumaHaber = Valor::ComoDinero(haberEntrada, e.nombres[kSumHaber]);
         r.campo.clear();
         if (!f.EsPaquete)
           AnexarDosColumnas(r.campo, e, f, sumaDebe, sumaHaber);
@@ -578,41 +624,32 @@ void ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Renglon
   const bool conRenglon1 = !mismaPoliza || f.NumRenglones == 1;
   if (f.EsPaquete) {
     // The P and N records, then the M record; the sums aren't written.
-    if (conRenglon1) {
-      bloque += "P ";
-      bloque += campoFecha.campo;
-      bloque += campoTipo;
-      bloque += campoFolio.campo;
-      bloque += "0 000 ";
-      bloque += campoConcepto;
-      bloque += "0 0 \r\nN   \r\n";
-    }
+    if (conRenglon1)
+      Juntar(bloque, {"P ", campoFecha.campo, *campoTipo, campoFolio.campo, "0 000 ", campoConcepto,
+                      "0 0 \r\nN   \r\n"});
     const QByteArray campoReferencia =
-        UnaVez(respuestas, e.referencia, &RenglonEnCurso::Recordado::campo, folio,
-               [&](QHash<QString, QString> *memoria) {
-                 return Campo(e, f, false, ObtenerReferencia(con, textoFolio, memoria), 10, 1);
-               });
-    bloque += "M ";
-    bloque += campoCuenta;
-    bloque += campoReferencia;
-    bloque += campoImporte;
-    bloque += "000 0.00 ";
-    bloque += QByteArrayView(campoConcepto).first(std::min<qsizetype>(campoConcepto.size(), 30));
+        UnaVez(respuestas, e.referencia, folio, [&](QHash<QString, QString> *memoria) {
+          return Campo(e, f, false, ObtenerReferencia(con, textoFolio, memoria), 10, 1);
+        });
+    // The concept's first 30 characters close the record.
+    Juntar(bloque,
+           {"M ", campoCuenta, campoReferencia, campoImporte, "000 0.00 ",
+            QByteArrayView(campoConcepto).first(std::min<qsizetype>(campoConcepto.size(), 30))});
     bloque.chop(1);
   } else {
     // Row 1 carries the sums when there is a detail row to carry the amounts.
     if (conRenglon1)
       AnexarUsuario(bloque, f.Renglon1,
-                    {&campoFolio.campo, &campoFecha.campo, &campoTipo, &campoCuenta, &campoConcepto,
+                    {&campoFolio.campo, &campoFecha.campo, campoTipo, &campoCuenta, &campoConcepto,
                      f.NumRenglones != 1 ? &campoSumas : &campoImporte});
     if (f.NumRenglones == 2) {
       // Row 2 goes on a line of its own, when it has anything.
       const qsizetype fin1 = bloque.size();
       if (conRenglon1)
-        bloque += "\r\n";
+        Juntar(bloque, {"\r\n"});
       const qsizetype inicio2 = bloque.size();
       AnexarUsuario(bloque, f.Renglon2,
-                    {&campoFolio.campo, &campoFecha.campo, &campoTipo, &campoCuenta, &campoConcepto,
+                    {&campoFolio.campo, &campoFecha.campo, campoTipo, &campoCuenta, &campoConcepto,
                      &campoImporte});
       if (conRenglon1 && bloque.size() == inicio2)
         bloque.truncate(fin1);

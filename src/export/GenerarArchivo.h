@@ -68,13 +68,16 @@ struct RenglonEnCurso {
     bool hecho = false;
   };
   std::vector<qsizetype> columnas; // empty until the first line
-  Recordado folio, fecha, concepto, suma;
-  Recordado tipoLeido, tipo; // the type as read, and its field (the package's number)
+  std::vector<QString> nombres;    // their names, for a failure's message
+  // The type keeps its text as read, and with the memory its field too.
+  Recordado folio, fecha, tipo, concepto, suma;
   // The run's answers to its lookups, by statement text; null when the memory is off.
   std::optional<QHash<QString, QString>> respuestas;
-  // With the memory, the last answer of each lookup by the value it was asked for: the
-  // lines of one entry ask the same, and needn't even spell the statement again.
-  Recordado numeroTipo, referencia;
+  // Without the memory, the type's field by the package's number, asked for on every line.
+  Recordado numeroTipo;
+  // With the memory, the reference's field by the folio it was asked for: the lines of
+  // one entry ask the same, and needn't even spell the statement again.
+  Recordado referencia;
   // The account's finished field by the account: a period names few accounts many times.
   QHash<QString, QByteArray> cuentas;
   // The format's enclosure and separator, and its debit and credit marks as finished

@@ -124,12 +124,17 @@ QString Dinero::Texto() const {
 }
 
 QString Dinero::Formato(QStringView mascara) const {
+  Cifras buffer;
+  return Formato(mascara, buffer).toString();
+}
+
+QStringView Dinero::Formato(QStringView mascara, Cifras &buffer) const {
   const std::int64_t centavos = DividirLejosDeCero(v_, 100);
   std::uint64_t a = static_cast<std::uint64_t>(centavos < 0 ? -centavos : centavos);
   const bool miles = mascara.contains(u',');
   // Digits from the right: two decimals, the point, then the whole part in groups.
-  char16_t buffer[40];
-  char16_t *p = buffer + 40;
+  char16_t *const fin = buffer.data() + buffer.size();
+  char16_t *p = fin;
   *--p = static_cast<char16_t>(u'0' + a % 10);
   a /= 10;
   *--p = static_cast<char16_t>(u'0' + a % 10);
@@ -145,7 +150,7 @@ QString Dinero::Formato(QStringView mascara) const {
   } while (a != 0);
   if (centavos < 0)
     *--p = u'-';
-  return QString(reinterpret_cast<const QChar *>(p), buffer + 40 - p);
+  return QStringView(p, fin - p);
 }
 
 Dinero Dinero::operator*(Dinero o) const {

@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <QStringView>
+#include <array>
 #include <compare>
 #include <cstdint>
 
@@ -30,6 +31,10 @@ public:
   QString Texto() const;
   // "#,##0.00" and "###0.00": two decimals, half away from zero.
   QString Formato(QStringView mascara) const;
+  // The same text, written into the caller's buffer: a loop that formats an amount on
+  // every line needn't allocate one.
+  using Cifras = std::array<char16_t, 40>;
+  QStringView Formato(QStringView mascara, Cifras &buffer) const;
 
   constexpr Dinero operator-() const { return DeDiezmilesimos(-v_); }
   constexpr Dinero operator+(Dinero o) const { return DeDiezmilesimos(v_ + o.v_); }

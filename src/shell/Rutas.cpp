@@ -60,7 +60,10 @@ constexpr std::array<char16_t, 32> kAltos = {
 void AnexarWindows1252(QByteArray &bytes, QStringView texto) {
   const qsizetype inicio = bytes.size();
   bytes.resize(inicio + texto.size());
-  char *destino = bytes.data() + inicio;
+  EscribirWindows1252(bytes.data() + inicio, texto);
+}
+
+char *EscribirWindows1252(char *destino, QStringView texto) {
   for (QChar c : texto) {
     const char16_t u = c.unicode();
     if (u < 0x80 || (u >= 0xA0 && u <= 0xFF)) {
@@ -77,6 +80,7 @@ void AnexarWindows1252(QByteArray &bytes, QStringView texto) {
     }
     *destino++ = byte;
   }
+  return destino;
 }
 
 QByteArray CodificarWindows1252(const QString &texto) {

@@ -19,6 +19,8 @@ QString RutaNativa(const QString &ruta);
 QByteArray CodificarWindows1252(const QString &texto);
 // The same, written behind what the bytes already hold.
 void AnexarWindows1252(QByteArray &bytes, QStringView texto);
+// The same, one byte a character, at a place with room for them; gives the place after.
+char *EscribirWindows1252(char *destino, QStringView texto);
 QString DecodificarWindows1252(const QByteArray &bytes);
 
 // Lines joined with CR LF, each one ended, in Windows-1252.

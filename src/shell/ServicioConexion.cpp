@@ -153,16 +153,21 @@ bool EsArchivoJet(const QString &ruta) {
 
 // ---------------------------------------------------------------- Valor
 
-QString Valor::Texto() const {
-  if (v_.isNull())
+QString Valor::Texto() const { return Texto(v_); }
+
+QString Valor::Texto(const QVariant &v) {
+  // A text first: most values are, and a Null one is an empty text already.
+  if (v.typeId() == QMetaType::QString)
+    return *static_cast<const QString *>(v.constData());
+  if (v.isNull())
     return QString();
-  if (v_.typeId() == QMetaType::Double)
-    return DineroDeDouble(v_.toDouble()).Texto();
-  if (v_.typeId() == QMetaType::QDate)
-    return v_.toDate().toString(QStringLiteral("yyyy-MM-dd"));
-  if (v_.typeId() == QMetaType::QTime)
-    return v_.toTime().toString(QStringLiteral("HH:mm:ss"));
-  return v_.toString();
+  if (v.typeId() == QMetaType::Double)
+    return DineroDeDouble(v.toDouble()).Texto();
+  if (v.typeId() == QMetaType::QDate)
+    return v.toDate().toString(QStringLiteral("yyyy-MM-dd"));
+  if (v.typeId() == QMetaType::QTime)
+    return v.toTime().toString(QStringLiteral("HH:mm:ss"));
+  return v.toString();
 }
 
 qint64 Valor::Entero() const {
@@ -186,16 +191,18 @@ qint64 Valor::Entero() const {
   return q;
 }
 
-Dinero Valor::ComoDinero() const {
-  if (v_.isNull())
-    throw ErrorFatal(QStringLiteral("Uso no válido de Null en el campo %1.").arg(campo_));
-  if (v_.typeId() == QMetaType::Double)
-    return DineroDeDouble(v_.toDouble());
+Dinero Valor::ComoDinero() const { return ComoDinero(v_, campo_); }
+
+Dinero Valor::ComoDinero(const QVariant &v, const QString &campo) {
+  if (v.isNull())
+    throw ErrorFatal(QStringLiteral("Uso no válido de Null en el campo %1.").arg(campo));
+  if (v.typeId() == QMetaType::Double)
+    return DineroDeDouble(*static_cast<const double *>(v.constData()));
   bool ok = false;
-  Dinero d = Dinero::DeTexto(v_.toString(), &ok);
+  Dinero d = Dinero::DeTexto(v.toString(), &ok);
   if (!ok)
-    throw ErrorFatal(QStringLiteral("No coinciden los tipos: el campo %1 vale «%2».")
-                         .arg(campo_, v_.toString()));
+    throw ErrorFatal(
+        QStringLiteral("No coinciden los tipos: el campo %1 vale «%2».").arg(campo, v.toString()));
   return d;
 }
 

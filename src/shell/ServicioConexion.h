@@ -36,6 +36,11 @@ public:
   bool Logico() const { return Numero() != 0.0; }
   const QVariant &Variante() const { return v_; }
 
+  // The same conversions on a bare value, for a loop that reads many rows without naming
+  // each value: the field's name only goes into a failure's message.
+  static QString Texto(const QVariant &v);
+  static Dinero ComoDinero(const QVariant &v, const QString &campo);
+
 private:
   QVariant v_;
   QString campo_;

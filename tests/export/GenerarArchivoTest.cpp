@@ -644,6 +644,36 @@ TEST_P(Generar, AWriteThatFailsGivesTheFailureMessage) {
   EXPECT_EQ(emp->mensajes.mostrados[0].titulo, QStringLiteral("Error 57"));
 }
 
+TEST_P(Generar, AFailureInTheDetailRowLeavesOutTheWholeLineHeadRowIncluded) {
+  Columnas c = FormatoUsuario();
+  c[QStringLiteral("NO_REN")] = QStringLiteral("2");
+  c[QStringLiteral("REN2_IMP")] = QStringLiteral("7");
+  InsertarFormato(*con, c);
+  PolizaDeMuestra(*con);
+  EXPECT_EQ(Escribir(), QByteArray());
+  EXPECT_EQ(resultado.lineas, 0);
+  ASSERT_EQ(Mensajes(), std::vector<int>{5527});
+  EXPECT_EQ(emp->mensajes.mostrados[0].titulo, QStringLiteral("Error 9"));
+}
+
+TEST_P(Generar, ACharacterOutsideTheCodePageIsOneQuestionMarkEachAndTheRowEndLosesOne) {
+  Columnas c = FormatoUsuario();
+  c[QStringLiteral("SEP_DAT")] = QStringLiteral("''");
+  c[QStringLiteral("REN_FOL")] = QStringLiteral("0");
+  c[QStringLiteral("REN_FEC")] = QStringLiteral("0");
+  c[QStringLiteral("REN_TIP")] = QStringLiteral("0");
+  c[QStringLiteral("REN_CTA")] = QStringLiteral("0");
+  c[QStringLiteral("REN_CON")] = QStringLiteral("1");
+  c[QStringLiteral("REN_IMP")] = QStringLiteral("0");
+  InsertarFormato(*con, c);
+  // The snowman is one character of the text; the face is two, and keeps one of them.
+  InsertarPoliza(*con, Encabezado("00000000012", "D", "Luz \u2603", "1"), {Cargo("110", "1")});
+  InsertarPoliza(*con, Encabezado("00000000013", "D", "Gas \U0001F600", "1"), {Cargo("110", "1")});
+  EXPECT_EQ(Escribir(), B("Luz \r\n"
+                          "Gas ?\r\n"));
+  EXPECT_EQ(resultado.lineas, 2);
+}
+
 TEST_P(Generar, TheFileIsInWindows1252) {
   Columnas c = FormatoUsuario();
   c[QStringLiteral("REN_FOL")] = QStringLiteral("0");
