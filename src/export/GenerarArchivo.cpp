@@ -543,6 +543,7 @@ void ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Renglon
         QString texto = Valor::Texto(folio);
         if (e.polizas == 0 || texto != r.dato)
           ++e.polizas;
+        e.claveVigente = false;
         r.dato = std::move(texto);
         r.campo = Campo(e, f, false, r.dato, f.LongFolio, f.AlFolio);
       });
@@ -550,6 +551,7 @@ void ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Renglon
   const RenglonEnCurso::Recordado &campoFecha =
       Recordar(e.fecha, fecha, [&](RenglonEnCurso::Recordado &r) {
         const Valor v(fecha, e.nombres[kFecPoliza]);
+        e.claveVigente = false;
         r.dato = v.Texto();
         r.campo = Campo(e, f, false, FormatearFecha(f, v.Fecha()), f.LongFecha, f.AlFecha);
       });
@@ -557,14 +559,18 @@ void ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Renglon
   // the memory, only when the type changes.
   QHash<QString, QString> *respuestas = e.respuestas ? &*e.respuestas : nullptr;
   const QByteArray *campoTipo = nullptr;
+  const auto leerTipo = [&](RenglonEnCurso::Recordado &r) {
+    r.dato = Valor::Texto(tipo);
+    e.claveVigente = false;
+  };
   if (respuestas) {
     campoTipo = &Recordar(e.tipo, tipo, [&](RenglonEnCurso::Recordado &r) {
-                   r.dato = Valor::Texto(tipo);
+                   leerTipo(r);
                    r.campo = Campo(e, f, false, ObtenerTipoPoliza(con, f, r.dato, respuestas),
                                    f.LongTipo, f.AlTipo);
                  }).campo;
   } else {
-    Recordar(e.tipo, tipo, [&](RenglonEnCurso::Recordado &r) { r.dato = Valor::Texto(tipo); });
+    Recordar(e.tipo, tipo, leerTipo);
     const QString numero = ObtenerTipoPoliza(con, f, e.tipo.dato, nullptr);
     campoTipo = &Recordar(e.numeroTipo, numero, [&](RenglonEnCurso::Recordado &r) {
                    r.campo = Campo(e, f, false, numero, f.LongTipo, f.AlTipo);
@@ -620,7 +626,9 @@ void ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Renglon
   // The first row is written only when the entry changes, or on every line of a one-row
   // format. Each row loses its last character: the last separator, or without one the
   // last character of the last field.
-  const bool mismaPoliza = EsClave(f.ClaveAnterior, textoFolio, campoFecha.dato, textoTipo);
+  // The key is the line before's when none of its three fields was built again.
+  const bool mismaPoliza =
+      e.claveVigente || EsClave(f.ClaveAnterior, textoFolio, campoFecha.dato, textoTipo);
   const bool conRenglon1 = !mismaPoliza || f.NumRenglones == 1;
   if (f.EsPaquete) {
     // The P and N records, then the M record; the sums aren't written.
@@ -631,10 +639,10 @@ void ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Renglon
         UnaVez(respuestas, e.referencia, folio, [&](QHash<QString, QString> *memoria) {
           return Campo(e, f, false, ObtenerReferencia(con, textoFolio, memoria), 10, 1);
         });
-    // The concept's first 30 characters close the record.
-    Juntar(bloque,
-           {"M ", campoCuenta, campoReferencia, campoImporte, "000 0.00 ",
-            QByteArrayView(campoConcepto).first(std::min<qsizetype>(campoConcepto.size(), 30))});
+    // The concept's first 30 characters close the record, less its last character.
+    const qsizetype concepto30 = std::min<qsizetype>(campoConcepto.size(), 30);
+    Juntar(bloque, {"M ", campoCuenta, campoReferencia, campoImporte, "000 0.00 ",
+                    QByteArrayView(campoConcepto).first(concepto30)});
     bloque.chop(1);
   } else {
     // Row 1 carries the sums when there is a detail row to carry the amounts.
@@ -657,6 +665,7 @@ void ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Renglon
   }
   if (!mismaPoliza)
     f.ClaveAnterior = textoFolio % campoFecha.dato % textoTipo;
+  e.claveVigente = true;
 }
 
 std::optional<FuenteConceptos> ConsultaConceptos(const QString &operacion) {

@@ -85,6 +85,9 @@ struct RenglonEnCurso {
   QByteArray encierro, separador, marcaDebe, marcaHaber;
   QByteArray importe; // the line's amount field
   qint64 polizas = 0; // entries begun so far: the folio changed from the line before
+  // The last key written stands for this line too: its folio, date and type are the
+  // line before's.
+  bool claveVigente = false;
 };
 
 // Appends the current journal line of the selection to the block, in the file's code
