@@ -456,15 +456,15 @@ namespace {
 
 // The first row's value of a one-column lookup, "?" without rows; from the run's memory
 // when the same statement was answered before.
-QString Consultar(Conexion &con, const QString &sql, const QString &campo,
-                  QHash<QString, QString> *respuestas) {
+QString Consultar(Conexion &con, const QString &sql, QHash<QString, QString> *respuestas) {
   if (respuestas) {
     const auto hallada = respuestas->constFind(sql);
     if (hallada != respuestas->constEnd())
       return *hallada;
   }
   Registros rs = con.Abrir(sql);
-  const QString valor = rs.Vacio() ? QStringLiteral("?") : rs.Campo(campo).Texto();
+  // The statement's one column, by its place.
+  const QString valor = rs.Vacio() ? QStringLiteral("?") : Valor::Texto(rs.Variante(0));
   if (respuestas)
     respuestas->insert(sql, valor);
   return valor;
@@ -479,7 +479,7 @@ QString ObtenerTipoPoliza(Conexion &con, const FormatoArchivo &f, const QString 
   return Consultar(
       con,
       QStringLiteral("SELECT COD_NUM FROM tblFolios WHERE COD_FOLIO = '%1'").arg(Escapar(tipo)),
-      QStringLiteral("COD_NUM"), respuestas);
+      respuestas);
 }
 
 QString ObtenerReferencia(Conexion &con, const QString &folio,
@@ -488,24 +488,8 @@ QString ObtenerReferencia(Conexion &con, const QString &folio,
   return Consultar(con,
                    QStringLiteral("SELECT FOLIO_MOV FROM tblMovimxPoliza WHERE FOLIO_POL = ") %
                        NumeroDeFolio(folio),
-                   QStringLiteral("FOLIO_MOV"), respuestas);
+                   respuestas);
 }
-
-namespace {
-
-// A finished field from a lookup: with the run's memory, asked again only when the
-// value it is asked for changes; without it, asked on every line.
-template <typename Preguntar>
-QByteArray UnaVez(QHash<QString, QString> *respuestas, RenglonEnCurso::Recordado &recordado,
-                  const QVariant &valor, Preguntar &&preguntar) {
-  if (!respuestas)
-    return preguntar(nullptr);
-  return Recordar(recordado, valor,
-                  [&](RenglonEnCurso::Recordado &r) { r.campo = preguntar(respuestas); })
-      .campo;
-}
-
-} // namespace
 
 void ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, RenglonEnCurso &e,
                   QByteArray &bloque) {
@@ -544,6 +528,7 @@ void ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Renglon
         if (e.polizas == 0 || texto != r.dato)
           ++e.polizas;
         e.claveVigente = false;
+        e.referencia.hecho = false;
         r.dato = std::move(texto);
         r.campo = Campo(e, f, false, r.dato, f.LongFolio, f.AlFolio);
       });
@@ -596,19 +581,25 @@ void ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Renglon
   }
   const QByteArray &campoCuenta = *hecha;
 
-  // The amount's field, in a buffer that every line reuses.
+  // The amount's field: the package's goes straight into its record, a user row's into a
+  // buffer that every line reuses.
+  const Dinero haber = f.ColumnasSeparadas || !esDebe ? importe(kImpHaber) : Dinero();
+  const auto anexarImporte = [&](QByteArray &destino) {
+    Dinero::Cifras cifras;
+    if (f.ColumnasSeparadas) {
+      AnexarDosColumnas(destino, e, f, debe, haber);
+    } else if (esDebe) {
+      Juntar(destino, {e.marcaDebe});
+      AnexarCampo(destino, e, f, true, Monto(debe, cifras), f.LongDebe, f.AlDebe);
+    } else {
+      Juntar(destino, {e.marcaHaber});
+      AnexarCampo(destino, e, f, true, Monto(haber, cifras), f.LongHaber, f.AlHaber);
+    }
+  };
   QByteArray &campoImporte = e.importe;
-  campoImporte.resize(0);
-  Dinero::Cifras cifras;
-  if (f.ColumnasSeparadas) {
-    AnexarDosColumnas(campoImporte, e, f, debe, importe(kImpHaber));
-  } else if (esDebe) {
-    campoImporte += e.marcaDebe;
-    AnexarCampo(campoImporte, e, f, true, Monto(debe, cifras), f.LongDebe, f.AlDebe);
-  } else {
-    const Dinero haber = importe(kImpHaber);
-    campoImporte += e.marcaHaber;
-    AnexarCampo(campoImporte, e, f, true, Monto(haber, cifras), f.LongHaber, f.AlHaber);
+  if (!f.EsPaquete) {
+    campoImporte.resize(0);
+    anexarImporte(campoImporte);
   }
   // The sums go in two columns in every style; the package's has none, but a sum that is
   // no amount stops its run too. The lines of an entry carry the same ones.
@@ -635,14 +626,18 @@ void ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Renglon
     if (conRenglon1)
       Juntar(bloque, {"P ", campoFecha.campo, *campoTipo, campoFolio.campo, "0 000 ", campoConcepto,
                       "0 0 \r\nN   \r\n"});
-    const QByteArray campoReferencia =
-        UnaVez(respuestas, e.referencia, folio, [&](QHash<QString, QString> *memoria) {
-          return Campo(e, f, false, ObtenerReferencia(con, textoFolio, memoria), 10, 1);
-        });
+    // The reference is asked for on every line; with the memory, again only for a new
+    // folio.
+    if (!respuestas || !e.referencia.hecho) {
+      e.referencia.campo =
+          Campo(e, f, false, ObtenerReferencia(con, textoFolio, respuestas), 10, 1);
+      e.referencia.hecho = true;
+    }
+    Juntar(bloque, {"M ", campoCuenta, e.referencia.campo});
+    anexarImporte(bloque);
     // The concept's first 30 characters close the record, less its last character.
     const qsizetype concepto30 = std::min<qsizetype>(campoConcepto.size(), 30);
-    Juntar(bloque, {"M ", campoCuenta, campoReferencia, campoImporte, "000 0.00 ",
-                    QByteArrayView(campoConcepto).first(concepto30)});
+    Juntar(bloque, {"000 0.00 ", QByteArrayView(campoConcepto).first(concepto30)});
     bloque.chop(1);
   } else {
     // Row 1 carries the sums when there is a detail row to carry the amounts.

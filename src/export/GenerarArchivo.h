@@ -75,7 +75,7 @@ struct RenglonEnCurso {
   std::optional<QHash<QString, QString>> respuestas;
   // Without the memory, the type's field by the package's number, asked for on every line.
   Recordado numeroTipo;
-  // With the memory, the reference's field by the folio it was asked for: the lines of
+  // The reference's field, asked for again at a new folio with the memory: the lines of
   // one entry ask the same, and needn't even spell the statement again.
   Recordado referencia;
   // The account's finished field by the account: a period names few accounts many times.
@@ -83,7 +83,7 @@ struct RenglonEnCurso {
   // The format's enclosure and separator, and its debit and credit marks as finished
   // fields, in the file's code page.
   QByteArray encierro, separador, marcaDebe, marcaHaber;
-  QByteArray importe; // the line's amount field
+  QByteArray importe; // a user row's amount field
   qint64 polizas = 0; // entries begun so far: the folio changed from the line before
   // The last key written stands for this line too: its folio, date and type are the
   // line before's.

@@ -242,12 +242,7 @@ Registros::Registros(std::unique_ptr<odbc::Cursor> cursor, QString sentencia)
 }
 
 Registros::Registros(std::shared_ptr<QSqlQuery> consulta, QString sentencia)
-    : q_(std::move(consulta)), sentencia_(std::move(sentencia)) {
-  // Read at every run: a table built again under its name may bring other columns to a
-  // statement kept compiled.
-  const QSqlRecord r = q_->record();
-  for (int i = 0; i < r.count(); ++i)
-    nombres_ << r.fieldName(i);
+    : q_(std::move(consulta)), sentencia_(std::move(sentencia)), conNombres_(false) {
   Siguiente();
   vacio_ = fin_;
 }
@@ -281,6 +276,18 @@ void Registros::Siguiente() {
   }
 }
 
+const QStringList &Registros::Nombres() const {
+  // Read for every record set: a table built again under its name may bring other
+  // columns to a statement kept compiled.
+  if (!conNombres_) {
+    const QSqlRecord r = q_->record();
+    for (int i = 0; i < r.count(); ++i)
+      nombres_ << r.fieldName(i);
+    conNombres_ = true;
+  }
+  return nombres_;
+}
+
 void Registros::LeerFila() {
   // Read in column order: some ODBC drivers hand a forward-only row out only that way.
   // Qt's query keeps its row itself, and gives a column when it is asked for.
@@ -290,15 +297,16 @@ void Registros::LeerFila() {
 }
 
 bool Registros::TieneCampo(const QString &nombre) const {
-  return nombres_.contains(nombre, Qt::CaseInsensitive);
+  return Nombres().contains(nombre, Qt::CaseInsensitive);
 }
 
 qsizetype Registros::Indice(const QString &nombre) const {
   // Names are asked as the statement wrote them: an exact match first, then without
   // regard to case.
-  qsizetype i = nombres_.indexOf(nombre);
-  for (qsizetype j = 0; i < 0 && j < nombres_.size(); ++j)
-    if (nombres_[j].compare(nombre, Qt::CaseInsensitive) == 0)
+  const QStringList &nombres = Nombres();
+  qsizetype i = nombres.indexOf(nombre);
+  for (qsizetype j = 0; i < 0 && j < nombres.size(); ++j)
+    if (nombres[j].compare(nombre, Qt::CaseInsensitive) == 0)
       i = j;
   if (i < 0)
     throw ErrorFatal(QStringLiteral("El campo %1 no existe en el resultado.").arg(nombre),
@@ -309,14 +317,16 @@ qsizetype Registros::Indice(const QString &nombre) const {
 QVariant Registros::Variante(qsizetype indice) const {
   if (fin_)
     throw ErrorFatal(
-        QStringLiteral("No hay registro actual para leer %1.").arg(nombres_.value(indice)),
+        QStringLiteral("No hay registro actual para leer %1.").arg(Nombres().value(indice)),
         sentencia_);
   if (leidas_)
     return leidas_->filas[filaLeida_][static_cast<std::size_t>(indice)];
   return c_ ? fila_[static_cast<std::size_t>(indice)] : q_->value(static_cast<int>(indice));
 }
 
-Valor Registros::Campo(qsizetype indice) const { return Valor(Variante(indice), nombres_[indice]); }
+Valor Registros::Campo(qsizetype indice) const {
+  return Valor(Variante(indice), Nombres()[indice]);
+}
 
 Valor Registros::Campo(const QString &nombre) const { return Campo(Indice(nombre)); }
 

@@ -77,16 +77,20 @@ public:
   // row before.
   QVariant Variante(qsizetype indice) const;
   bool TieneCampo(const QString &nombre) const;
-  QStringList Campos() const { return nombres_; }
+  QStringList Campos() const { return Nombres(); }
 
 private:
   void LeerFila();
+  const QStringList &Nombres() const;
   std::shared_ptr<QSqlQuery> q_;
   std::unique_ptr<odbc::Cursor> c_;
   std::shared_ptr<const Leidas> leidas_;
   std::size_t filaLeida_ = 0;
   QString sentencia_;
-  QStringList nombres_;
+  // Qt's query gives its columns' names when they are first asked for: a lookup read by
+  // the place of its one column never needs them.
+  mutable QStringList nombres_;
+  mutable bool conNombres_ = true;
   std::vector<QVariant> fila_;
   bool vacio_ = true;
   bool fin_ = true;
