@@ -19,6 +19,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cmath>
+#include <limits>
 
 namespace {
 Grabadora *gGrabadora = nullptr;
@@ -198,6 +199,14 @@ Dinero Valor::ComoDinero(const QVariant &v, const QString &campo) {
     throw ErrorFatal(QStringLiteral("Uso no válido de Null en el campo %1.").arg(campo));
   if (v.typeId() == QMetaType::Double)
     return DineroDeDouble(*static_cast<const double *>(v.constData()));
+  // A whole number, as the embedded engine hands an amount without cents, within what
+  // ten-thousandths can hold.
+  constexpr qlonglong kMaximo = std::numeric_limits<qint64>::max() / 10000;
+  if (v.typeId() == QMetaType::LongLong) {
+    const qlonglong n = *static_cast<const qlonglong *>(v.constData());
+    if (n > -kMaximo && n < kMaximo)
+      return Dinero::DeDiezmilesimos(n * 10000);
+  }
   bool ok = false;
   Dinero d = Dinero::DeTexto(v.toString(), &ok);
   if (!ok)
@@ -314,14 +323,15 @@ qsizetype Registros::Indice(const QString &nombre) const {
   return i;
 }
 
-QVariant Registros::Variante(qsizetype indice) const {
+// Past the last row, or a row read before or straight through ODBC.
+QVariant Registros::VarianteFueraDeQt(qsizetype indice) const {
   if (fin_)
     throw ErrorFatal(
         QStringLiteral("No hay registro actual para leer %1.").arg(Nombres().value(indice)),
         sentencia_);
   if (leidas_)
     return leidas_->filas[filaLeida_][static_cast<std::size_t>(indice)];
-  return c_ ? fila_[static_cast<std::size_t>(indice)] : q_->value(static_cast<int>(indice));
+  return fila_[static_cast<std::size_t>(indice)]; // straight through ODBC
 }
 
 Valor Registros::Campo(qsizetype indice) const {

@@ -74,14 +74,19 @@ public:
   qsizetype Indice(const QString &nombre) const;
   Valor Campo(qsizetype indice) const;
   // The bare value of a field by its place, for a loop that only compares it with the
-  // row before.
-  QVariant Variante(qsizetype indice) const;
+  // row before. Qt's query gives its row at once; the rest goes the long way.
+  QVariant Variante(qsizetype indice) const {
+    if (q_ && !fin_)
+      return q_->value(static_cast<int>(indice));
+    return VarianteFueraDeQt(indice);
+  }
   bool TieneCampo(const QString &nombre) const;
   QStringList Campos() const { return Nombres(); }
 
 private:
   void LeerFila();
   const QStringList &Nombres() const;
+  QVariant VarianteFueraDeQt(qsizetype indice) const;
   std::shared_ptr<QSqlQuery> q_;
   std::unique_ptr<odbc::Cursor> c_;
   std::shared_ptr<const Leidas> leidas_;
