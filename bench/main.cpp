@@ -4,6 +4,7 @@
 // engine, and compares each run with the replay of its own statements.
 
 #include "EmpresaSintetica.h"
+#include "Relevo.h"
 #include "Repeticion.h"
 #include "journal/Documentos.h"
 
@@ -32,6 +33,7 @@
 #include <algorithm>
 #include <functional>
 #include <map>
+#include <memory>
 #include <vector>
 
 using namespace Qt::Literals::StringLiterals;
@@ -42,6 +44,7 @@ const char *const kUso =
     "Uso: escribano-bench [--documentos N[,N...]] [--documentos-mariadb N[,N...]]\n"
     "                     [--dias D] [--renglones R] [--motores sqlite,mariadb]\n"
     "                     [--archivos CARPETA] [--pruebas P[,P...]] [--memoria si|no]\n"
+    "                     [--latencia-ms L[,L...]]\n"
     "  --documentos  tamaños de la empresa sintética (2000,8000,32000)\n"
     "  --documentos-mariadb  tamaños sobre MariaDB, donde cada sentencia cuesta diez veces\n"
     "                más (los de --documentos)\n"
@@ -52,6 +55,9 @@ const char *const kUso =
     "  --archivos    copia ahí cada archivo exportado, para comparar dos compilaciones\n"
     "  --memoria     no: las generaciones y las exportaciones preguntan cada consulta a la\n"
     "                base, sin la memoria de la corrida (si)\n"
+    "  --latencia-ms milisegundos que un relevo propio añade a cada ida y vuelta entre el\n"
+    "                controlador y MariaDB, mitad en cada sentido; MariaDB se mide con\n"
+    "                cada una (0). El relevo cuenta las idas y vueltas\n"
     "  --pruebas     las que se miden, de generacion_documento, exportacion_contpaq,\n"
     "                exportacion_usuario y generacion_dia (todas); las exportaciones leen\n"
     "                las pólizas de la generación por documento, que corre siempre antes\n";
@@ -71,6 +77,7 @@ struct Opciones {
   QString archivos;    // where the exported files are kept, or empty
   bool memoria = true; // the runs answer repeated read-only lookups from their memory
   QStringList pruebas = kPruebas;
+  std::vector<int> latencias = {0}; // milliseconds added to a round trip to MariaDB
 };
 
 // Reads the options; the text of what is wrong, or empty.
@@ -94,6 +101,15 @@ QString LeerOpciones(const QStringList &args, Opciones &o) {
           return u"Cada tamaño debe ser un número de documentos entre 20 y 1000000: «%1»."_s.arg(
               parte);
         tamanos.push_back(n);
+      }
+    } else if (opcion == u"--latencia-ms"_s) {
+      o.latencias.clear();
+      for (const QString &parte : valor.split(u',')) {
+        int n = 0;
+        if (!entero(parte, 0, 100, n))
+          return u"Cada latencia debe ser un número de milisegundos entre 0 y 100: «%1»."_s.arg(
+              parte);
+        o.latencias.push_back(n);
       }
     } else if (opcion == u"--dias"_s) {
       if (!entero(valor, 1, 366, o.dias))
@@ -131,9 +147,10 @@ QString LeerOpciones(const QStringList &args, Opciones &o) {
   }
   if (o.tamanosMariaDb.empty())
     o.tamanosMariaDb = o.tamanos;
-  if (o.motores.contains(u"mariadb"_s) && dsn.isEmpty())
+  if (o.motores.contains(u"mariadb"_s) &&
+      (dsn.isEmpty() || qEnvironmentVariableIntValue("ESCRIBANO_PRUEBA_PUERTO") <= 0))
     return u"Para medir sobre MariaDB hace falta su servidor: ejecute «source "
-           "scripts/mariadb.sh», que define ESCRIBANO_PRUEBA_DSN."_s;
+           "scripts/mariadb.sh», que define ESCRIBANO_PRUEBA_DSN y ESCRIBANO_PRUEBA_PUERTO."_s;
   return {};
 }
 
@@ -146,6 +163,8 @@ struct Medida {
   qint64 sentencias = 0;
   double repeticion = 0;
   qint64 resultado = 0; // entries written, or lines of the file
+  qint64 enviadas = 0;  // statements that the measured run sent
+  qint64 idas = -1;     // its round trips to the server, counted by the relay
   double Razon() const { return segundos / repeticion; }
   double MicrosPorDocumento() const { return segundos * 1e6 / documentos; }
 };
@@ -162,7 +181,8 @@ QString CargaDelEquipo() {
 // run and every replay returns first.
 class Banco {
 public:
-  Banco(const QString &motor, const Opciones &opciones) : motor_(motor), opciones_(opciones) {
+  Banco(const QString &motor, const Opciones &opciones, int latencia = 0)
+      : motor_(motor), opciones_(opciones) {
     if (!dir_.isValid())
       throw ErrorFatal(u"No fue posible crear la carpeta temporal del banco de pruebas."_s);
     LimpiarSesion();
@@ -173,11 +193,20 @@ public:
     gNumEmp = 1;
     gCodUsu = u"ADMIN"_s;
     if (motor == u"mariadb"_s) {
+      // The runs and their replays reach the server through the relay; the company is
+      // built and set back straight.
       gMotor = motor::kMySql;
-      gConexion = u"DSN="_s + qEnvironmentVariable("ESCRIBANO_PRUEBA_DSN");
+      directa_ = u"DSN="_s + qEnvironmentVariable("ESCRIBANO_PRUEBA_DSN");
+      relevo_ = std::make_unique<banco::Relevo>(
+          static_cast<std::uint16_t>(qEnvironmentVariableIntValue("ESCRIBANO_PRUEBA_PUERTO")),
+          latencia);
+      gConexion = directa_ + u";Port=%1"_s.arg(relevo_->Puerto());
+      if (latencia > 0)
+        motor_ = u"%1+%2ms"_s.arg(motor).arg(latencia);
     } else {
       gMotor = motor::kSqlite;
       gConexion = u"SQLite=Empresa.db"_s;
+      directa_ = gConexion;
     }
     CatalogoMensajes::Instalar(&mensajes_);
   }
@@ -194,7 +223,7 @@ public:
       banco::LlenarEmpresa(*con, tamano);
       return;
     }
-    ConexionPtr con = Abrir();
+    ConexionPtr con = AbrirDirecta();
     constructor::BorrarTablas(*con, esquema::TablasEmpresa());
     constructor::CrearTablas(*con, esquema::TablasEmpresa());
     banco::LlenarEmpresa(*con, tamano);
@@ -240,7 +269,7 @@ public:
   Medida Exportar(banco::Formato formato) {
     Medida m = Nueva(formato == banco::Formato::Contpaq ? u"exportacion_contpaq"_s
                                                         : u"exportacion_usuario"_s);
-    banco::FijarFormato(*Abrir(), formato);
+    banco::FijarFormato(*AbrirDirecta(), formato);
     // The replay is of the statements the export prescribes, every lookup of every line:
     // those of a run without the memory, so that the ratio shows what the memory saves.
     banco::Sentencias sentencias;
@@ -289,11 +318,13 @@ private:
     banco::RastreoFilas rastreo;
     QElapsedTimer reloj;
     Conexion::InstalarGrabadora(&grabadora);
+    const qint64 idas = Idas();
     reloj.start();
     const ResultadoGeneracion r = generador.GenerarPolizas(arbol);
     sentencias.Tomar(grabadora);
     const double segundos = Segundos(reloj);
     Conexion::InstalarGrabadora(nullptr);
+    Contar(m, sentencias, idas);
     AnotarFilas(sentencias, rastreo);
     if (mensajes_.Ids() != std::vector<int>{108})
       throw ErrorFatal(u"La generación de %1 no terminó con el mensaje 108."_s.arg(m.prueba));
@@ -315,6 +346,7 @@ private:
     mensajes_.mostrados.clear();
     QElapsedTimer reloj;
     Conexion::InstalarGrabadora(&grabadora);
+    const qint64 idas = Idas();
     reloj.start();
     const bool hayFormato = CargarFormato(*con, f);
     const ResultadoArchivo r = hayFormato ? GenerarArchivo(*con, f, datos,
@@ -326,6 +358,7 @@ private:
     sentencias.Tomar(grabadora);
     const double segundos = Segundos(reloj);
     Conexion::InstalarGrabadora(nullptr);
+    Contar(m, sentencias, idas);
     AnotarFilas(sentencias, rastreo);
     if (!r.completo)
       throw ErrorFatal(u"La exportación %1 no terminó: %2"_s.arg(m.prueba, r.falla));
@@ -333,6 +366,13 @@ private:
     if (!opciones_.archivos.isEmpty())
       Conservar(datos.archivo, m);
     return segundos;
+  }
+
+  // The statements and round trips of the measured run: those of its last pass, which
+  // are those of every one.
+  void Contar(Medida &m, const banco::Sentencias &sentencias, qint64 idasAntes) const {
+    m.enviadas = sentencias.Cuenta();
+    m.idas = relevo_ ? Idas() - idasAntes : -1;
   }
 
   static double Segundos(const QElapsedTimer &reloj) {
@@ -349,11 +389,18 @@ private:
     return m;
   }
 
+  // A connection as the runs have it, through the relay on the server.
   ConexionPtr Abrir() const {
     ServicioConexion s;
     s.Motor = gMotor;
     return s.AbrirConexion(gConexion);
   }
+  ConexionPtr AbrirDirecta() const {
+    ServicioConexion s;
+    s.Motor = gMotor;
+    return s.AbrirConexion(directa_);
+  }
+  qint64 Idas() const { return relevo_ ? relevo_->IdasYVueltas() : -1; }
 
   void Conservar(const QString &archivo, const Medida &m) const {
     const QString copia =
@@ -379,7 +426,7 @@ private:
       if (!QFile::copy(RutaNativa(Plantilla()), RutaNativa(empresa)))
         throw ErrorFatal(u"No fue posible copiar la empresa sintética a %1."_s.arg(empresa));
     }
-    ConexionPtr con = Abrir();
+    ConexionPtr con = AbrirDirecta();
     if (gMotor != motor::kSqlite) {
       for (const char *tabla :
            {"tblPolizasEnc", "tblPolizasRen", "tblMovimxPoliza", "tblBitacoraPolizas"})
@@ -395,7 +442,7 @@ private:
 
   // What a run leaves in the journal tables, to tell that a replay did the same work.
   QString Huella() const {
-    ConexionPtr con = Abrir();
+    ConexionPtr con = AbrirDirecta();
     Registros r = con->Abrir(
         u"SELECT COUNT(*) AS N,SUM(IMP_DEBE) AS D,SUM(IMP_HABER) AS H FROM tblPolizasRen"_s);
     QString huella = r.Campo(u"N"_s).Texto() + u"/"_s + r.Campo(u"D"_s).ComoDinero().Texto() +
@@ -442,6 +489,8 @@ private:
   }
 
   QString motor_;
+  QString directa_; // the connection that builds the company and sets it back
+  std::unique_ptr<banco::Relevo> relevo_;
   Opciones opciones_;
   QTemporaryDir dir_;
   PresentadorGrabador mensajes_;
@@ -455,19 +504,24 @@ QString Numero(double valor, int decimales, int ancho) {
 }
 
 void ImprimirEncabezado(QTextStream &out) {
-  out << Columna(u"motor"_s, 8) << Columna(u"docs"_s, 7) << Columna(u"prueba"_s, 22)
+  out << Columna(u"motor"_s, 12) << Columna(u"docs"_s, 7) << Columna(u"prueba"_s, 22)
       << u"segundos"_s.rightJustified(9) << u"docs/s"_s.rightJustified(9)
-      << u"sentencias"_s.rightJustified(11) << u"repeticion_s"_s.rightJustified(13)
+      << u"sentencias"_s.rightJustified(11) << u"sent/doc"_s.rightJustified(9)
+      << u"idas/doc"_s.rightJustified(9) << u"repeticion_s"_s.rightJustified(13)
       << u"razon"_s.rightJustified(7) << u"us/doc"_s.rightJustified(8)
       << u"resultado"_s.rightJustified(10) << "\n";
 }
 
 void Imprimir(QTextStream &out, const Medida &m) {
-  out << Columna(m.motor, 8) << Columna(QString::number(m.documentos), 7) << Columna(m.prueba, 22)
+  out << Columna(m.motor, 12) << Columna(QString::number(m.documentos), 7) << Columna(m.prueba, 22)
       << Numero(m.segundos, 3, 9) << Numero(m.documentos / m.segundos, 0, 9)
-      << QString::number(m.sentencias).rightJustified(11) << Numero(m.repeticion, 3, 13)
-      << Numero(m.Razon(), 3, 7) << Numero(m.MicrosPorDocumento(), 1, 8)
-      << QString::number(m.resultado).rightJustified(10) << Qt::endl;
+      << QString::number(m.sentencias).rightJustified(11)
+      << Numero(static_cast<double>(m.enviadas) / m.documentos, 2, 9)
+      << (m.idas < 0 ? u"-"_s.rightJustified(9)
+                     : Numero(static_cast<double>(m.idas) / m.documentos, 2, 9))
+      << Numero(m.repeticion, 3, 13) << Numero(m.Razon(), 3, 7)
+      << Numero(m.MicrosPorDocumento(), 1, 8) << QString::number(m.resultado).rightJustified(10)
+      << Qt::endl;
 }
 
 // The time per document of each test at each size; its change from the smallest size to
@@ -479,7 +533,7 @@ void ImprimirCrecimiento(QTextStream &out, const std::vector<Medida> &medidas) {
     series[{m.motor, m.prueba}].push_back(&m);
   out << "\nCrecimiento: microsegundos por documento en cada tamaño\n";
   for (const auto &[clave, serie] : series) {
-    out << Columna(clave.first, 8) << Columna(clave.second, 22);
+    out << Columna(clave.first, 12) << Columna(clave.second, 22);
     double minimo = serie.front()->MicrosPorDocumento(), maximo = minimo;
     for (const Medida *m : serie) {
       out << u"  %1: %2"_s.arg(m->documentos).arg(m->MicrosPorDocumento(), 0, 'f', 1);
@@ -519,11 +573,17 @@ int main(int argc, char *argv[]) {
            "y 2 depósitos\n";
     out << "repeticion_s: las mismas sentencias por el mismo controlador; lee en SQLite las filas "
            "que leyó la corrida, en MariaDB todas\n";
-    out << "razon: segundos / repeticion_s; resultado: pólizas grabadas, o líneas del archivo\n\n";
+    out << "razon: segundos / repeticion_s; resultado: pólizas grabadas, o líneas del archivo\n";
+    out << "sent/doc: sentencias de la corrida por documento; idas/doc: idas y vueltas al "
+           "servidor por documento, contadas por el relevo (mariadb+Lms: L ms más en cada una)\n\n";
     ImprimirEncabezado(out);
     std::vector<Medida> medidas;
-    for (const QString &motor : opciones.motores) {
-      Banco banco(motor, opciones);
+    std::vector<std::pair<QString, int>> mediciones;
+    for (const QString &motor : opciones.motores)
+      for (int latencia : motor == u"mariadb"_s ? opciones.latencias : std::vector<int>{0})
+        mediciones.emplace_back(motor, latencia);
+    for (const auto &[motor, latencia] : mediciones) {
+      Banco banco(motor, opciones, latencia);
       for (int documentos : motor == u"mariadb"_s ? opciones.tamanosMariaDb : opciones.tamanos) {
         banco.Construir(documentos);
         const bool porDocumento = opciones.pruebas.contains(u"generacion_documento"_s);

@@ -61,4 +61,6 @@ export ODBCINI="$MARIADB_DIR/odbc.ini"
 # A second server, started and killed by the tests themselves (scripts/mariadb_fallas.sh).
 export ESCRIBANO_PRUEBA_FALLAS_PUERTO=$((MARIADB_PUERTO + 1000))
 export ESCRIBANO_PRUEBA_DSN=escribano_prueba
+# The server's port, for the benchmark's relay between the driver and the server.
+export ESCRIBANO_PRUEBA_PUERTO=$MARIADB_PUERTO
 set +e +u +o pipefail
