@@ -32,6 +32,15 @@ FormatoArchivo Fija() {
   return f;
 }
 
+// The stored user format with the concept alone on its row.
+Columnas SoloConcepto() {
+  Columnas c = FormatoUsuario();
+  for (const char *campo : {"REN_FOL", "REN_FEC", "REN_TIP", "REN_CTA", "REN_IMP"})
+    c[QString::fromLatin1(campo)] = QStringLiteral("0");
+  c[QStringLiteral("REN_CON")] = QStringLiteral("1");
+  return c;
+}
+
 // The failure a call throws, or none.
 template <typename F> std::optional<FallaArchivo> Falla(F &&llamada) {
   try {
@@ -657,14 +666,8 @@ TEST_P(Generar, AFailureInTheDetailRowLeavesOutTheWholeLineHeadRowIncluded) {
 }
 
 TEST_P(Generar, ACharacterOutsideTheCodePageIsOneQuestionMarkEachAndTheRowEndLosesOne) {
-  Columnas c = FormatoUsuario();
+  Columnas c = SoloConcepto();
   c[QStringLiteral("SEP_DAT")] = QStringLiteral("''");
-  c[QStringLiteral("REN_FOL")] = QStringLiteral("0");
-  c[QStringLiteral("REN_FEC")] = QStringLiteral("0");
-  c[QStringLiteral("REN_TIP")] = QStringLiteral("0");
-  c[QStringLiteral("REN_CTA")] = QStringLiteral("0");
-  c[QStringLiteral("REN_CON")] = QStringLiteral("1");
-  c[QStringLiteral("REN_IMP")] = QStringLiteral("0");
   InsertarFormato(*con, c);
   // The snowman is one character of the text; the face is two, and keeps one of them.
   InsertarPoliza(*con, Encabezado("00000000012", "D", "Luz \u2603", "1"), {Cargo("110", "1")});
@@ -675,14 +678,7 @@ TEST_P(Generar, ACharacterOutsideTheCodePageIsOneQuestionMarkEachAndTheRowEndLos
 }
 
 TEST_P(Generar, TheFileIsInWindows1252) {
-  Columnas c = FormatoUsuario();
-  c[QStringLiteral("REN_FOL")] = QStringLiteral("0");
-  c[QStringLiteral("REN_FEC")] = QStringLiteral("0");
-  c[QStringLiteral("REN_TIP")] = QStringLiteral("0");
-  c[QStringLiteral("REN_CTA")] = QStringLiteral("0");
-  c[QStringLiteral("REN_CON")] = QStringLiteral("1");
-  c[QStringLiteral("REN_IMP")] = QStringLiteral("0");
-  InsertarFormato(*con, c);
+  InsertarFormato(*con, SoloConcepto());
   InsertarPoliza(*con, Encabezado("00000000012", "D", "Compañía €", "1"), {Cargo("110", "1")});
   EXPECT_EQ(Escribir(), B("Compa\xF1"
                           "\xED"
