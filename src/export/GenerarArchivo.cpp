@@ -603,21 +603,21 @@ void ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, Renglon
   }
   // The sums go in two columns in every style; the package's has none, but a sum that is
   // no amount stops its run too. The lines of an entry carry the same ones.
-  const QVariant debeEntrada = variante(kSumDebe);
-  const QVariant haberEntrada = variante(kSumHaber);
+  const QVariant sumaDebe = variante(kSumDebe);
+  const QVariant sumaHaber = variante(kSumHaber);
   const QByteArray &campoSumas =
-      Recordar(e.suma, debeEntrada, haberEntrada, [&](RenglonEnCurso::Recordado &r) {
-        const Dinero sumaDebe = Valor::ComoDinero(debeEntrada, e.nombres[kSumDebe]);
-        const Dinero sumaHaber = Valor::ComoDinero(haberEntrada, e.nombres[kSumHaber]);
+      Recordar(e.suma, sumaDebe, sumaHaber, [&](RenglonEnCurso::Recordado &r) {
+        const Dinero debeEntrada = Valor::ComoDinero(sumaDebe, e.nombres[kSumDebe]);
+        const Dinero haberEntrada = Valor::ComoDinero(sumaHaber, e.nombres[kSumHaber]);
         r.campo.clear();
         if (!f.EsPaquete)
-          AnexarDosColumnas(r.campo, e, f, sumaDebe, sumaHaber);
+          AnexarDosColumnas(r.campo, e, f, debeEntrada, haberEntrada);
       }).campo;
 
-  // The first row is written only when the entry changes, or on every line of a one-row
-  // format. Each row loses its last character: the last separator, or without one the
-  // last character of the last field.
-  // The key is the line before's when none of its three fields was built again.
+  // The first row is written only when the entry changes (the key is the line before's
+  // when none of its three fields was built again), or on every line of a one-row format.
+  // Each row loses its last character: the last separator, or without one the last
+  // character of the last field.
   const bool mismaPoliza =
       e.claveVigente || EsClave(f.ClaveAnterior, textoFolio, campoFecha.dato, textoTipo);
   const bool conRenglon1 = !mismaPoliza || f.NumRenglones == 1;
