@@ -25,19 +25,6 @@ QStringView Monto(Dinero importe, Dinero::Cifras &buffer) {
   return importe.Formato(u"#,##0.00", buffer);
 }
 
-// Blanks that fit a field: up to a width of 256 they are taken from one text without a
-// copy, so that a fitted field is built in one piece.
-QString Blancos(qsizetype cuantos) {
-  static constexpr std::array<char16_t, 256> kEspacios = [] {
-    std::array<char16_t, 256> espacios{};
-    espacios.fill(u' ');
-    return espacios;
-  }();
-  if (cuantos <= static_cast<qsizetype>(kEspacios.size()))
-    return QString::fromRawData(reinterpret_cast<const QChar *>(kEspacios.data()), cuantos);
-  return QString(cuantos, QLatin1Char(' '));
-}
-
 // A value fitted to its width: the blanks before it, what is left of it, the blanks
 // behind it.
 struct Ajuste {
@@ -376,7 +363,7 @@ QString AjustarCampo(const FormatoArchivo &f, bool esImporte, QString valor, int
   const Ajuste a = Ajustar(f, esImporte, valor, longitud, alineacion);
   if (a.antes == 0 && a.despues == 0 && a.valor.size() == valor.size())
     return valor;
-  return Blancos(a.antes) % a.valor % Blancos(a.despues);
+  return QString(a.antes, QLatin1Char(' ')) % a.valor % QString(a.despues, QLatin1Char(' '));
 }
 
 namespace {
