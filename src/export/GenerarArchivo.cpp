@@ -249,6 +249,71 @@ QString NumeroDeFolio(const QString &folio) {
   return QString::number(numero);
 }
 
+QString SentenciaReferencia(const QString &numero) {
+  return QStringLiteral("SELECT FOLIO_MOV FROM tblMovimxPoliza WHERE FOLIO_POL = ") % numero;
+}
+
+// The references of the run's entries asked for in a few statements, not one a folio: the
+// folios of the period first, then the movements of a thousand folio numbers at a time.
+// Each answer goes into the run's memory under the statement of its one folio. A number
+// gets the first row the database gives for it, as that statement would: the rows come in
+// the order of the table or of its index by folio number, and either keeps the rows of one
+// number in the order they were written. A folio that is no plain number, or a statement
+// that fails, is left to the statement of its folio, which fails as it always did.
+void AdelantarReferencias(Conexion &con, const QString &condicion,
+                          QHash<QString, QString> &respuestas) {
+  constexpr qsizetype kNumerosPorSentencia = 1000;
+  std::vector<qint64> numeros;
+  try {
+    std::unique_ptr<Registros> folios = con.IntentarAbrir(
+        QStringLiteral("SELECT DISTINCT FOL_POLIZA FROM tblPolizasEnc WHERE ") % condicion);
+    if (!folios)
+      return;
+    for (; !folios->Fin(); folios->Siguiente()) {
+      const QString numero = NumeroDeFolio(Valor::Texto(folios->Variante(0)));
+      bool esNumero = !numero.isEmpty() && numero.size() <= 15;
+      for (QChar c : numero)
+        esNumero = esNumero && c >= u'0' && c <= u'9';
+      if (esNumero)
+        numeros.push_back(numero.toLongLong());
+    }
+  } catch (const ErrorFatal &) {
+    return;
+  }
+  std::sort(numeros.begin(), numeros.end());
+  numeros.erase(std::unique(numeros.begin(), numeros.end()), numeros.end());
+
+  QHash<QString, QString> halladas;
+  for (std::size_t desde = 0; desde < numeros.size(); desde += kNumerosPorSentencia) {
+    const std::size_t hasta =
+        std::min(numeros.size(), desde + static_cast<std::size_t>(kNumerosPorSentencia));
+    QString lista;
+    for (std::size_t i = desde; i < hasta; ++i)
+      lista += (i == desde ? QString() : QStringLiteral(",")) + QString::number(numeros[i]);
+    QHash<qint64, QString> primeras;
+    try {
+      std::unique_ptr<Registros> movimientos = con.IntentarAbrir(
+          QStringLiteral("SELECT FOLIO_POL, FOLIO_MOV FROM tblMovimxPoliza WHERE FOLIO_POL IN (") %
+          lista % QStringLiteral(")"));
+      if (!movimientos)
+        return;
+      for (; !movimientos->Fin(); movimientos->Siguiente()) {
+        const qint64 numero = movimientos->Variante(0).toLongLong();
+        if (!primeras.contains(numero))
+          primeras.insert(numero, Valor::Texto(movimientos->Variante(1)));
+      }
+    } catch (const ErrorFatal &) {
+      return;
+    }
+    for (std::size_t i = desde; i < hasta; ++i) {
+      const QString numero = QString::number(numeros[i]);
+      const auto primera = primeras.constFind(numeros[i]);
+      respuestas.insert(SentenciaReferencia(numero),
+                        primera == primeras.constEnd() ? QStringLiteral("?") : *primera);
+    }
+  }
+}
+
 } // namespace
 
 bool ConfirmarArchivo(const QString &archivo) {
@@ -285,15 +350,17 @@ ResultadoArchivo GenerarArchivo(Conexion &con, FormatoArchivo &f, const DatosGen
     filtros += QStringLiteral(" AND COD_OPER=%1").arg(d.operacion);
   if (!d.concepto.isEmpty())
     filtros += QStringLiteral(" AND CONCEP_POL='%1'").arg(Escapar(d.concepto));
+  const QString condicion =
+      QStringLiteral("FEC_POLIZA BETWEEN %1 AND %2%3")
+          .arg(con.Dialecto().FechaSQL(d.fechaIni), con.Dialecto().FechaSQL(d.fechaFin), filtros);
   // The join goes by the folio alone: entries of two types under one folio meet here.
   Registros rs = con.Abrir(
       QStringLiteral("SELECT tblPolizasRen.FOL_POLIZA, FEC_POLIZA, tblPolizasEnc.TIP_POLIZA, "
                      "CONCEP_POL, CUENTA_DEBE, CUENTA_HABER, IMP_DEBE, IMP_HABER, SUM_DEBE, "
                      "SUM_HABER, COD_OPER FROM tblPolizasEnc INNER JOIN tblPolizasRen ON "
-                     "tblPolizasEnc.FOL_POLIZA = tblPolizasRen.FOL_POLIZA WHERE FEC_POLIZA "
-                     "BETWEEN %1 AND %2%3 ORDER BY tblPolizasEnc.TIP_POLIZA, COD_OPER, "
-                     "tblPolizasRen.FOL_POLIZA")
-          .arg(con.Dialecto().FechaSQL(d.fechaIni), con.Dialecto().FechaSQL(d.fechaFin), filtros));
+                     "tblPolizasEnc.FOL_POLIZA = tblPolizasRen.FOL_POLIZA WHERE ") %
+      condicion %
+      QStringLiteral(" ORDER BY tblPolizasEnc.TIP_POLIZA, COD_OPER, tblPolizasRen.FOL_POLIZA"));
 
   // Lines go to the file in blocks, each block in one write: a write for every line costs
   // more than building the line. The count is of lines that reached the file, and a line
@@ -311,8 +378,11 @@ ResultadoArchivo GenerarArchivo(Conexion &con, FormatoArchivo &f, const DatosGen
     return escrito;
   };
   RenglonEnCurso enCurso;
-  if (d.memoria)
+  if (d.memoria) {
     enCurso.respuestas.emplace();
+    if (f.EsPaquete && !rs.Fin() && Conexion::EnLote())
+      AdelantarReferencias(con, condicion, *enCurso.respuestas);
+  }
   for (; !rs.Fin(); rs.Siguiente()) {
     const qsizetype inicio = bloque.size();
     try {
@@ -472,10 +542,7 @@ QString ObtenerTipoPoliza(Conexion &con, const FormatoArchivo &f, const QString 
 QString ObtenerReferencia(Conexion &con, const QString &folio,
                           QHash<QString, QString> *respuestas) {
   // By the folio's number alone: the type and the concept of the entry play no part.
-  return Consultar(con,
-                   QStringLiteral("SELECT FOLIO_MOV FROM tblMovimxPoliza WHERE FOLIO_POL = ") %
-                       NumeroDeFolio(folio),
-                   respuestas);
+  return Consultar(con, SentenciaReferencia(NumeroDeFolio(folio)), respuestas);
 }
 
 void ArmarRenglon(Conexion &con, FormatoArchivo &f, const Registros &rs, RenglonEnCurso &e,

@@ -365,6 +365,10 @@ Conexion::~Conexion() {
 
 void Conexion::InstalarGrabadora(Grabadora *g) { gGrabadora = g; }
 
+bool Conexion::EnLote() {
+  return qEnvironmentVariableIntValue("ESCRIBANO_SENTENCIAS_UNA_A_UNA") != 1;
+}
+
 void Conexion::CerrarAlTerminar(Fase fase) noexcept {
   try {
     if (fase == Fase::Transacciones) {

@@ -176,6 +176,11 @@ public:
 
   // The recorder in use by every connection, or none.
   static void InstalarGrabadora(Grabadora *g);
+  // True when a run may ask in one statement what it would otherwise ask one document or
+  // one folio at a time, and write many rows with one statement: the rows it leaves are the
+  // same either way. ESCRIBANO_SENTENCIAS_UNA_A_UNA=1 sends every statement by itself, as
+  // the runs always did, for the tests that compare both ways and for the benchmark.
+  static bool EnLote();
 
 private:
   void Grabar(const QString &sql) const;

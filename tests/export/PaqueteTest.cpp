@@ -41,6 +41,7 @@ protected:
                       .arg(QLatin1String(tipo), NombreTipoPoliza(QLatin1String(tipo)))
                       .arg(numero));
   }
+  QByteArray EnLoteIgualAUnaAUna();
   void Documento(const char *folioMov, int folioPol) {
     con->Ejecutar(QStringLiteral("INSERT INTO tblMovimxPoliza (FOLIO_MOV,CONCEPTO,MODULO,"
                                  "FOLIO_POL,FOLIO_POLIZA,FREC,FECHA_CON,FECHA_MOV,COD_OPER) "
@@ -86,9 +87,93 @@ TEST_P(Paquete, EachLineAsksForTheTypeNumberAndTheReferenceOnceARunWithMemory) {
   EXPECT_EQ(emp->grabadora.sentencias.mid(1), (QStringList{tipo, referencia, tipo, referencia}));
   // With it, each is asked once, in the same order; the file is the same.
   datos.memoria = true;
-  EXPECT_EQ(Escribir(), sinMemoria);
+  {
+    const UnaAUna unaAUna;
+    EXPECT_EQ(Escribir(), sinMemoria);
+  }
   ASSERT_EQ(emp->grabadora.sentencias.size(), 3);
   EXPECT_EQ(emp->grabadora.sentencias.mid(1), (QStringList{tipo, referencia}));
+  // In batches the references of the whole run are asked before the first line: the
+  // folios of the period, then the documents of their numbers.
+  EXPECT_EQ(Escribir(), sinMemoria);
+  ASSERT_EQ(emp->grabadora.sentencias.size(), 4);
+  EXPECT_EQ(emp->grabadora.sentencias.mid(1),
+            (QStringList{QStringLiteral("SELECT DISTINCT FOL_POLIZA FROM tblPolizasEnc WHERE "
+                                        "FEC_POLIZA BETWEEN %1 AND %2")
+                             .arg(ServicioUtil::FechaSQL(datos.fechaIni, emp->Motor()),
+                                  ServicioUtil::FechaSQL(datos.fechaFin, emp->Motor())),
+                         QStringLiteral("SELECT FOLIO_POL, FOLIO_MOV FROM tblMovimxPoliza WHERE "
+                                        "FOLIO_POL IN (12)"),
+                         tipo}));
+}
+
+// The file of a run in batches against the file of the same run sent one by one; the
+// statements of the batched run stay in emp->grabadora.
+QByteArray Paquete::EnLoteIgualAUnaAUna() {
+  QByteArray unaAUna;
+  ResultadoArchivo resultadoUnaAUna;
+  std::vector<int> mensajesUnaAUna;
+  {
+    const UnaAUna guarda;
+    unaAUna = Escribir();
+    resultadoUnaAUna = resultado;
+    mensajesUnaAUna = Mensajes();
+  }
+  emp->mensajes.mostrados.clear();
+  const QByteArray enLote = Escribir();
+  EXPECT_EQ(enLote, unaAUna);
+  EXPECT_EQ(resultado.lineas, resultadoUnaAUna.lineas);
+  EXPECT_EQ(resultado.completo, resultadoUnaAUna.completo);
+  EXPECT_EQ(resultado.falla, resultadoUnaAUna.falla);
+  EXPECT_EQ(Mensajes(), mensajesUnaAUna);
+  return enLote;
+}
+
+TEST_P(Paquete, AThousandAndOneFolioNumbersAreAskedInTwoStatements) {
+  // Folios of 1 to 1,001, each with its line; every third has two documents, of which the
+  // first recorded answers, and the rest none.
+  con->IniciarTransaccion();
+  for (int folio = 1; folio <= 1001; ++folio) {
+    InsertarPoliza(*con, Encabezado(FormatoFolio(folio).toLatin1().constData(), "D", "Luz", "5"),
+                   {Cargo("110", "5")});
+    if (folio % 3 == 0) {
+      Documento(QStringLiteral("B-%1").arg(folio).toLatin1().constData(), folio);
+      Documento(QStringLiteral("A-%1").arg(folio).toLatin1().constData(), folio);
+    }
+  }
+  con->ConfirmarTransaccion();
+  const QByteArray bytes = EnLoteIgualAUnaAUna();
+  EXPECT_EQ(bytes.count("\r\nM "), 1001);
+  EXPECT_TRUE(bytes.contains(" B-3 1 ")) << bytes.left(400).toStdString();
+  EXPECT_FALSE(bytes.contains("A-3"));
+  const QStringList lotes =
+      emp->grabadora.sentencias.filter(QStringLiteral("FROM tblMovimxPoliza WHERE FOLIO_POL IN ("));
+  ASSERT_EQ(lotes.size(), 2);
+  EXPECT_TRUE(lotes[0].contains(QStringLiteral("IN (1,2,3,")));
+  EXPECT_TRUE(lotes[0].endsWith(QStringLiteral(",999,1000)")));
+  EXPECT_TRUE(lotes[1].endsWith(QStringLiteral("IN (1001)")));
+  EXPECT_TRUE(emp->grabadora.sentencias.filter(QStringLiteral("WHERE FOLIO_POL = ")).isEmpty());
+}
+
+TEST_P(Paquete, AFolioThatIsNoPlainNumberIsAskedByItself) {
+  // "12.5" is asked as the number 12.5, which no document carries; "0012" is 12.
+  Documento("A-1", 12);
+  InsertarPoliza(*con, Encabezado("12.5", "D", "Luz", "5"), {Cargo("110", "5")});
+  InsertarPoliza(*con, Encabezado("0012", "D", "Gas", "5"), {Cargo("110", "5")});
+  const QByteArray bytes = EnLoteIgualAUnaAUna();
+  EXPECT_EQ(bytes.count(" A-1 1 "), 1);
+  EXPECT_EQ(bytes.count(" ? 1 "), 1);
+  EXPECT_EQ(
+      emp->grabadora.sentencias.filter(QStringLiteral("WHERE FOLIO_POL = ")),
+      QStringList{QStringLiteral("SELECT FOLIO_MOV FROM tblMovimxPoliza WHERE FOLIO_POL = 12.5")});
+}
+
+TEST_P(Paquete, WithoutTheTableOfDocumentsTheRunStopsAtItsFirstLineEitherWay) {
+  PolizaDeMuestra(*con);
+  con->Ejecutar(QStringLiteral("DROP TABLE tblMovimxPoliza"));
+  EXPECT_EQ(EnLoteIgualAUnaAUna(), QByteArray());
+  EXPECT_FALSE(resultado.completo);
+  EXPECT_EQ(Mensajes(), std::vector<int>{5527});
 }
 
 TEST_P(Paquete, FoliosThatDifferOnlyInTheirLastThreeDigitsShowTheSameField) {

@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <map>
+#include <optional>
 
 namespace {
 
@@ -123,45 +124,58 @@ TEST_P(MesDemo, TheMonthExportedForThePackageHasRecordsOfTheirLengthsEndedByCrLf
 
 INSTANTIATE_TEST_SUITE_P(Motores, MesDemo, testing::ValuesIn(MotoresDePrueba()), NombreMotor);
 
-TEST_P(MesDemo, TheExportsMemoryChangesNoByteAndSendsEachLookupOnce) {
+TEST_P(MesDemo, TheExportsMemoryAndBatchesChangeNoByteAndSendEachLookupOnce) {
   Correr();
   for (const demo::FormatoDemo tipo :
        {demo::FormatoDemo::Contpaq, demo::FormatoDemo::DosRenglones}) {
     con->Ejecutar(QStringLiteral("DELETE FROM tblParametrosForm"));
     demo::LlenarFormato(*con, tipo);
-    QByteArray archivos[2];
-    QStringList sentencias[2];
-    for (int memoria = 0; memoria < 2; ++memoria) {
+    // Without the memory, with it one statement at a time, with it in batches.
+    enum { kSinMemoria, kUnaAUna, kEnLote, kFormas };
+    QByteArray archivos[kFormas];
+    QStringList sentencias[kFormas];
+    for (int forma = 0; forma < kFormas; ++forma) {
+      std::optional<UnaAUna> unaAUna;
+      if (forma != kEnLote)
+        unaAUna.emplace();
       FormatoArchivo formato;
       ASSERT_TRUE(CargarFormato(*con, formato));
       DatosGenerarArchivo datos;
       datos.fechaIni = opciones.Del;
       datos.fechaFin = opciones.Al;
-      datos.memoria = memoria == 1;
-      datos.archivo = emp->Ruta() + QStringLiteral("/export_%1.txt").arg(memoria);
+      datos.memoria = forma != kSinMemoria;
+      datos.archivo = emp->Ruta() + QStringLiteral("/export_%1.txt").arg(forma);
       emp->grabadora.sentencias.clear();
       Conexion::InstalarGrabadora(&emp->grabadora);
       ASSERT_TRUE(GenerarArchivo(*con, formato, datos).completo);
       Conexion::InstalarGrabadora(nullptr);
-      archivos[memoria] = LeerArchivo(datos.archivo);
-      sentencias[memoria] = emp->grabadora.sentencias;
+      archivos[forma] = LeerArchivo(datos.archivo);
+      sentencias[forma] = emp->grabadora.sentencias;
     }
     // The selection orders by type, operation and folio; a server may hand the lines of
-    // one folio in any order, run to run. The same lines must come either way, and where
+    // one folio in any order, run to run. The same lines must come every way, and where
     // the engine keeps the order (SQLite) the same bytes.
-    QList<QByteArray> lineas[2] = {archivos[0].split('\n'), archivos[1].split('\n')};
-    std::sort(lineas[0].begin(), lineas[0].end());
-    std::sort(lineas[1].begin(), lineas[1].end());
-    EXPECT_EQ(lineas[1], lineas[0]);
-    if (GetParam() == "sqlite") {
-      EXPECT_EQ(archivos[1], archivos[0]);
+    for (int forma : {kUnaAUna, kEnLote}) {
+      QList<QByteArray> lineas[2] = {archivos[kSinMemoria].split('\n'),
+                                     archivos[forma].split('\n')};
+      std::sort(lineas[0].begin(), lineas[0].end());
+      std::sort(lineas[1].begin(), lineas[1].end());
+      EXPECT_EQ(lineas[1], lineas[0]);
+      if (GetParam() == "sqlite") {
+        EXPECT_EQ(archivos[forma], archivos[kSinMemoria]);
+      }
     }
     // With memory the database sees each statement once, in the order it first came.
-    QStringList unicas = sentencias[0];
+    QStringList unicas = sentencias[kSinMemoria];
     unicas.removeDuplicates();
-    EXPECT_EQ(sentencias[1], unicas);
+    EXPECT_EQ(sentencias[kUnaAUna], unicas);
     if (tipo == demo::FormatoDemo::Contpaq) {
-      EXPECT_LT(sentencias[1].size() * 2, sentencias[0].size());
+      EXPECT_LT(sentencias[kUnaAUna].size() * 2, sentencias[kSinMemoria].size());
+      // In batches no folio's reference is asked by itself.
+      EXPECT_TRUE(sentencias[kEnLote].filter(QStringLiteral("WHERE FOLIO_POL = ")).isEmpty());
+      EXPECT_LT(sentencias[kEnLote].size(), 10);
+    } else {
+      EXPECT_EQ(sentencias[kEnLote], sentencias[kUnaAUna]);
     }
   }
 }
