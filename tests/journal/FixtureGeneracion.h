@@ -3,6 +3,7 @@
 #include "Apoyo.h"
 #include "journal/Arbol.h"
 #include "journal/Corrida.h"
+#include "journal/DiarioPrueba.h"
 #include "journal/Documentos.h"
 #include "journal/Generacion.h"
 #include "journal/Polizas.h"
@@ -11,7 +12,10 @@
 #include "shell/Sesion.h"
 
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <gtest/gtest.h>
+#include <optional>
 
 // The run's state as the screen loads it: its connection, the operations, and the tree
 // with every operation checked.
@@ -91,9 +95,62 @@ protected:
                  .arg(QLatin1String(folio)));
   }
 
+  // The run as the screen runs it. Before it, the same run with every statement by itself,
+  // in a rehearsal that leaves nothing: both ways leave the same tables, log, messages and
+  // result, or fail with the same message.
   ResultadoGeneracion Correr() {
     emp->mensajes.mostrados.clear();
-    return CorrerGeneracion(*emp, opciones);
+    // The log of the rehearsal goes where the run's goes, and what stood there before is
+    // put back after it.
+    const bool habia = QFileInfo::exists(opciones.Resumen);
+    const QByteArray antes = habia ? LeerArchivo(opciones.Resumen) : QByteArray();
+    QByteArray bitacora;
+    // The statements the test records are the run's, not the rehearsal's.
+    const QStringList grabadas = emp->grabadora.sentencias;
+    std::optional<ResultadoGeneracion> ensayado;
+    QStringList tablas;
+    QString falla;
+    {
+      const UnaAUna guarda;
+      Corrida corrida;
+      ArbolOperaciones arbol;
+      CargarCorrida(*emp, corrida, arbol);
+      corrida.Conexion->IniciarEnsayo();
+      try {
+        ensayado = Generador(corrida, opciones).GenerarPolizas(arbol);
+        tablas = diario::TodasLasTablas(*corrida.Conexion);
+      } catch (const ErrorFatal &e) {
+        falla = e.TextoCompleto();
+      }
+      corrida.Conexion->TerminarEnsayo();
+      if (QFileInfo::exists(opciones.Resumen))
+        bitacora = LeerArchivo(opciones.Resumen);
+      if (habia)
+        EscribirArchivo(opciones.Resumen, antes);
+      else
+        QFile::remove(opciones.Resumen);
+    }
+    emp->grabadora.sentencias = grabadas;
+    const std::vector<int> mensajes = emp->mensajes.Ids();
+    emp->mensajes.mostrados.clear();
+    try {
+      const ResultadoGeneracion r = CorrerGeneracion(*emp, opciones);
+      EXPECT_TRUE(ensayado.has_value()) << falla.toStdString();
+      if (ensayado) {
+        EXPECT_EQ(r.hubo, ensayado->hubo);
+        EXPECT_EQ(r.polizas, ensayado->polizas);
+        EXPECT_EQ(r.corrio, ensayado->corrio);
+        EXPECT_EQ(r.detenida, ensayado->detenida);
+      }
+      EXPECT_EQ(diario::TodasLasTablas(*con), tablas);
+      EXPECT_EQ(emp->mensajes.Ids(), mensajes);
+      EXPECT_EQ(QFileInfo::exists(opciones.Resumen) ? LeerArchivo(opciones.Resumen) : QByteArray(),
+                bitacora);
+      return r;
+    } catch (const ErrorFatal &e) {
+      EXPECT_EQ(e.TextoCompleto(), falla);
+      throw;
+    }
   }
 
   // Rows of a query, each as its columns joined by "|".
