@@ -182,8 +182,11 @@ void Bitacora::EscribirPoliza(Conexion &con, const QString &folio, const Concept
     comunes += separador;
     comunes += TipoPolizaColumna(tipo, fechaPol);
     QString fechaMov;
+    // Every line asks it again, with nothing written in between: in batches the first
+    // line's answer is every line's.
+    const bool unaVez = Conexion::EnLote();
     for (int numero = 1; !ren.Fin(); ren.Siguiente(), ++numero) {
-      {
+      if (numero == 1 || !unaVez) {
         Registros mov = con.Abrir(ultimaFecha);
         if (!mov.Vacio())
           fechaMov = Fecha(mov.Campo(QStringLiteral("FECHA_MOV")).Fecha());

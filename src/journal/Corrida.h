@@ -57,6 +57,8 @@ public:
   }
   int Cuenta() const { return static_cast<int>(filas_.size()); }
   const std::vector<Fila> &Filas() const { return filas_; }
+  // The place of the cursor among Filas(): Cuenta() at the end.
+  std::size_t Posicion() const { return pos_; }
 
 private:
   std::vector<Fila> filas_;

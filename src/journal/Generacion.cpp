@@ -7,6 +7,7 @@
 #include "journal/Polizas.h"
 #include "journal/Valores.h"
 #include "shell/CatalogoMensajes.h"
+#include "shell/Dialecto.h"
 #include "shell/ServicioConexion.h"
 #include "shell/ServicioUtil.h"
 #include "shell/Sesion.h"
@@ -195,8 +196,76 @@ ResultadoGeneracion Generador::GenerarPolizas(const ArbolOperaciones &arbol) {
   return resultado;
 }
 
+namespace {
+
+// The totals that the documents after the one in work will ask for, foreseen while a rule
+// posts: the same query with the key of each of the next documents, or of each of the next
+// days, in place of the key in work. A query of a table the run writes (the journal, the
+// folios, the stamp) is never foreseen. A foreseen query that is never asked costs a
+// little work; one that comes out otherwise simply isn't matched.
+class PrevisionDeTotales {
+public:
+  PrevisionDeTotales(Corrida &corrida, const OpcionesGeneracion &opciones)
+      : c_(corrida), op_(opciones) {
+    if (Conexion::EnLote())
+      c_.Conexion->Prever([this](const QString &sql) { return Prever(sql); });
+  }
+  ~PrevisionDeTotales() { c_.Conexion->Prever({}); }
+  PrevisionDeTotales(const PrevisionDeTotales &) = delete;
+  PrevisionDeTotales &operator=(const PrevisionDeTotales &) = delete;
+
+private:
+  static constexpr int kPrevistas = 100;
+
+  QStringList Prever(const QString &sql) const {
+    static const char16_t *const escritas[] = {u"tblPolizasEnc",   u"tblPolizasRen",
+                                               u"tblMovimxPoliza", u"tblBitacoraPolizas",
+                                               u"tblFolios",       u"CONTAB"};
+    for (const char16_t *tabla : escritas)
+      if (sql.contains(QStringView(tabla), Qt::CaseInsensitive))
+        return {};
+    if (!c_.Documentos.HayActual())
+      return {};
+    const Dialecto &dialecto = c_.Conexion->Dialecto();
+    const bool porDia = c_.PorDia();
+    const auto clave = [&](const Documento &d) {
+      return porDia ? dialecto.FechaSQL(d.FECHA_DOCTO) : u"'"_s % Escapar(d.FOLIO_DOC) % u"'"_s;
+    };
+    const std::vector<Documento> &documentos = c_.Documentos.Filas();
+    const std::size_t actual = c_.Documentos.Posicion();
+    const QString enTrabajo = porDia ? dialecto.FechaSQL(c_.FechaDocumento)
+                                     : u"'"_s % Escapar(c_.FolioDocumento) % u"'"_s;
+    const qsizetype donde = sql.lastIndexOf(enTrabajo);
+    if (donde < 0)
+      return {};
+    const QStringView antes = QStringView(sql).left(donde);
+    const QStringView despues = QStringView(sql).sliced(donde + enTrabajo.size());
+    QStringList previstas;
+    QDateTime ultimoDia = c_.FechaDocumento;
+    for (std::size_t i = actual + 1; i < documentos.size() && previstas.size() < kPrevistas; ++i) {
+      const Documento &d = documentos[i];
+      if (porDia) {
+        // Days come in order: the first document of each later day.
+        if (d.FECHA_DOCTO <= ultimoDia)
+          continue;
+        ultimoDia = d.FECHA_DOCTO;
+      } else if (d.ESTA_CONTAB && !op_.Actualizar) {
+        continue; // posted before and left alone: it asks nothing
+      }
+      previstas << antes % clave(d) % despues;
+    }
+    return previstas;
+  }
+
+  Corrida &c_;
+  const OpcionesGeneracion &op_;
+};
+
+} // namespace
+
 void Generador::ProcesarConcepto(int n) {
   LeerDocumentos(c_);
+  const PrevisionDeTotales prevision(c_, op_);
   bool hubo = false;
   switch (c_.Concepto().Frec) {
   case frec::kPorDocumento:

@@ -15,11 +15,13 @@
 #include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlRecord>
+#include <QStringBuilder>
 #include <QThread>
 #include <algorithm>
 #include <atomic>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 namespace {
 Grabadora *gGrabadora = nullptr;
@@ -578,6 +580,27 @@ std::unique_ptr<Registros> Conexion::IntentarAbrir(const QString &sql, QString *
     if (hallada != lecturas_.constEnd())
       return std::make_unique<Registros>(*hallada, sql);
   }
+  if (!previstas_.isEmpty()) {
+    const auto prevista = previstas_.constFind(sql);
+    if (prevista != previstas_.constEnd()) {
+      auto r = std::make_unique<Registros>(*prevista, sql);
+      previstas_.erase(prevista);
+      return r;
+    }
+  }
+  if (previsor_ && !recordar) {
+    if (std::unique_ptr<Registros> r = AbrirConPrevistas(sql))
+      return r;
+  }
+  std::unique_ptr<Registros> r = AbrirDirecto(sql, error);
+  if (!r || !recordar)
+    return r;
+  std::shared_ptr<const Registros::Leidas> leidas = Leer(*r);
+  lecturas_.insert(sql, leidas);
+  return std::make_unique<Registros>(std::move(leidas), sql);
+}
+
+std::unique_ptr<Registros> Conexion::AbrirDirecto(const QString &sql, QString *error) {
   std::unique_ptr<Registros> r;
   if (Odbc()) {
     Grabar(sql);
@@ -591,11 +614,88 @@ std::unique_ptr<Registros> Conexion::IntentarAbrir(const QString &sql, QString *
     }
     r = std::make_unique<Registros>(std::move(q), sql);
   }
-  if (!r || !recordar)
-    return r;
-  std::shared_ptr<const Registros::Leidas> leidas = Leer(*r);
-  lecturas_.insert(sql, leidas);
-  return std::make_unique<Registros>(std::move(leidas), sql);
+  return r;
+}
+
+namespace {
+
+// A query of one total: "SELECT SUM(<expression>) AS <name> FROM ..." with no grouping,
+// order, union or second statement. Gives its name and the query without its ";", which
+// stands as a value inside another query.
+struct TotalUnico {
+  QString nombre;
+  QString cuerpo;
+};
+std::optional<TotalUnico> ComoTotalUnico(const QString &sql) {
+  static const QString inicio = QStringLiteral("SELECT SUM(");
+  if (!sql.startsWith(inicio))
+    return std::nullopt;
+  QStringView cuerpo = QStringView(sql).trimmed();
+  if (cuerpo.endsWith(u';'))
+    cuerpo.chop(1);
+  if (cuerpo.contains(u';'))
+    return std::nullopt;
+  for (const char16_t *clausula : {u" GROUP BY ", u" ORDER BY ", u" UNION ", u" HAVING "})
+    if (cuerpo.contains(QStringView(clausula), Qt::CaseInsensitive))
+      return std::nullopt;
+  // The parenthesis that closes the SUM, then " AS <name> FROM ".
+  qsizetype i = inicio.size();
+  for (int abiertos = 1; i < cuerpo.size() && abiertos > 0; ++i) {
+    if (cuerpo[i] == u'(')
+      ++abiertos;
+    else if (cuerpo[i] == u')')
+      --abiertos;
+  }
+  static const QRegularExpression nombre(QStringLiteral("^\\s*AS\\s+(\\w+)\\s+FROM\\s"),
+                                         QRegularExpression::CaseInsensitiveOption);
+  const QRegularExpressionMatch m = nombre.match(cuerpo.sliced(i).toString());
+  if (!m.hasMatch())
+    return std::nullopt;
+  return TotalUnico{m.captured(1), cuerpo.toString()};
+}
+
+} // namespace
+
+void Conexion::Prever(Previsor previsor) {
+  previsor_ = std::move(previsor);
+  if (!previsor_)
+    previstas_.clear();
+}
+
+std::unique_ptr<Registros> Conexion::AbrirConPrevistas(const QString &sql) {
+  const std::optional<TotalUnico> total = ComoTotalUnico(sql);
+  if (!total)
+    return nullptr;
+  std::vector<std::pair<QString, TotalUnico>> otras;
+  for (const QString &otra : previsor_(sql)) {
+    if (otra == sql || previstas_.contains(otra))
+      continue;
+    if (std::optional<TotalUnico> t = ComoTotalUnico(otra))
+      otras.emplace_back(otra, std::move(*t));
+  }
+  if (otras.empty())
+    return nullptr;
+  QString lote = QStringLiteral("SELECT (") % total->cuerpo % QStringLiteral(") AS T0");
+  for (std::size_t i = 0; i < otras.size(); ++i)
+    lote += QStringLiteral(", (") % otras[i].second.cuerpo % QStringLiteral(") AS T") %
+            QString::number(i + 1);
+  const auto fila = [](const QString &nombre, QVariant valor) {
+    auto leidas = std::make_shared<Registros::Leidas>();
+    leidas->nombres = {nombre};
+    leidas->filas.push_back({std::move(valor)});
+    return leidas;
+  };
+  try {
+    std::unique_ptr<Registros> r = AbrirDirecto(lote, nullptr);
+    if (!r || r->Vacio())
+      return nullptr;
+    for (std::size_t i = 0; i < otras.size(); ++i)
+      previstas_.insert(otras[i].first,
+                        fila(otras[i].second.nombre, r->Variante(static_cast<qsizetype>(i + 1))));
+    return std::make_unique<Registros>(fila(total->nombre, r->Variante(0)), sql);
+  } catch (const ErrorFatal &) {
+    return nullptr;
+  }
 }
 
 std::shared_ptr<const Registros::Leidas> Conexion::Leer(Registros &r) {

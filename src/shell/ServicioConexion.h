@@ -12,6 +12,7 @@
 #include <QString>
 #include <QStringList>
 #include <QVariant>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -170,6 +171,15 @@ public:
   void RecordarLecturas(const QStringList &tablas);
   void OlvidarLecturas();
 
+  // Answers given ahead. While a foreseer is set, a query of one total (a single SUM, with
+  // no grouping, order or union) not answered yet goes to the database together with the
+  // queries the foreseer expects next, as one statement of one row; each expected answer
+  // waits for a query of its very text and is given to it once. When that statement fails,
+  // the query goes again alone and fails as it would have. The foreseer names only queries
+  // of tables nobody writes meanwhile. Without a foreseer the waiting answers go.
+  using Previsor = std::function<QStringList(const QString &sql)>;
+  void Prever(Previsor previsor);
+
   // Takes the lock of a kind of work (for instance "generacion") on this company without
   // waiting: null when another connection holds it, with its name in *nombre.
   std::unique_ptr<Candado> TomarCandado(const QString &trabajo, QString *nombre);
@@ -211,6 +221,12 @@ private:
   QStringList tablasRecordadas_;
   QHash<QString, std::shared_ptr<const Registros::Leidas>> lecturas_;
   bool SeRecuerda(const QString &sql) const;
+  // The query of sql and of what the foreseer expects after it, in one statement: null
+  // when sql is no single total, nothing is expected, or the statement fails.
+  std::unique_ptr<Registros> AbrirConPrevistas(const QString &sql);
+  std::unique_ptr<Registros> AbrirDirecto(const QString &sql, QString *error);
+  Previsor previsor_;
+  QHash<QString, std::shared_ptr<const Registros::Leidas>> previstas_;
   bool guardaCompiladas_ = false;
   bool enTransaccion_ = false;
   bool ensayo_ = false;
