@@ -335,6 +335,82 @@ TEST_P(Conexiones, TheMemoryOfReadsAnswersOnlyForTheTablesNamedAndOnlyWhileItLas
   EXPECT_EQ(emp.grabadora.sentencias, QStringList{rubros});
 }
 
+TEST_P(Conexiones, ForeseenTotalsGoInOneStatementAndEachIsGivenOnceToItsOwnText) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  con->Ejecutar(QStringLiteral("INSERT INTO tblGastosEnc (FOL_MOV,IMP_MOV) VALUES ('A',10.5),"
+                               "('B',2.25),('B',1),('C',NULL)"));
+  const auto total = [](const char *folio) {
+    return QStringLiteral("SELECT SUM(IMP_MOV) AS TOTAL FROM tblGastosEnc WHERE FOL_MOV='%1';")
+        .arg(QLatin1String(folio));
+  };
+  // Each total asks for the ones after it, and for a query that is no single total.
+  const QString lista = QStringLiteral("SELECT IMP_MOV FROM tblGastosEnc WHERE FOL_MOV='B'");
+  con->Prever([&](const QString &sql) {
+    if (sql == total("A"))
+      return QStringList{total("B"), lista, total("C"), total("D")};
+    return QStringList{};
+  });
+  emp.grabadora.sentencias.clear();
+  const auto leer = [&](const QString &sql) {
+    Registros r = con->Abrir(sql);
+    EXPECT_EQ(r.Campos(), QStringList{QStringLiteral("TOTAL")});
+    const Valor v = r.Campo(QStringLiteral("total"));
+    r.Siguiente();
+    EXPECT_TRUE(r.Fin());
+    return v.EsNulo() ? QStringLiteral("NULL") : v.ComoDinero().Texto();
+  };
+  EXPECT_EQ(leer(total("A")), QStringLiteral("10.5"));
+  EXPECT_EQ(leer(total("B")), QStringLiteral("3.25"));
+  EXPECT_EQ(leer(total("C")), QStringLiteral("NULL"));
+  EXPECT_EQ(leer(total("D")), QStringLiteral("NULL"));
+  ASSERT_EQ(emp.grabadora.sentencias.size(), 1);
+  EXPECT_EQ(emp.grabadora.sentencias[0],
+            QStringLiteral("SELECT (%1) AS T0, (%2) AS T1, (%3) AS T2, (%4) AS T3")
+                .arg(total("A").chopped(1), total("B").chopped(1), total("C").chopped(1),
+                     total("D").chopped(1)));
+  // An answer is given once: asked again, the total goes to the database, alone.
+  EXPECT_EQ(leer(total("B")), QStringLiteral("3.25"));
+  EXPECT_EQ(emp.grabadora.sentencias.mid(1), QStringList{total("B")});
+  // Without the foreseer the answers waiting go.
+  con->Prever([&](const QString &) { return QStringList{total("B"), total("C")}; });
+  con->Abrir(total("A"));
+  con->Prever({});
+  emp.grabadora.sentencias.clear();
+  con->Abrir(total("B"));
+  EXPECT_EQ(emp.grabadora.sentencias, QStringList{total("B")});
+}
+
+TEST_P(Conexiones, AForeseenStatementThatFailsLeavesTheQueryToFailAlone) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  const QString buena = QStringLiteral("SELECT SUM(IMP_MOV) AS TOTAL FROM tblGastosEnc");
+  const QString mala = QStringLiteral("SELECT SUM(NO_HAY) AS TOTAL FROM tblGastosEnc");
+  // A total that fails takes the others with it: each is asked alone.
+  con->Prever([&](const QString &sql) { return sql == buena ? QStringList{mala} : QStringList{}; });
+  emp.grabadora.sentencias.clear();
+  EXPECT_TRUE(con->Abrir(buena).Campo(0).EsNulo());
+  EXPECT_THROW(con->Abrir(mala), ErrorFatal);
+  ASSERT_EQ(emp.grabadora.sentencias.size(), 3);
+  EXPECT_TRUE(emp.grabadora.sentencias[0].startsWith(QStringLiteral("SELECT (")));
+  EXPECT_EQ(emp.grabadora.sentencias.mid(1), (QStringList{buena, mala}));
+  // Grouped, ordered or joined by a union, a query is no single total and is never joined.
+  int preguntas = 0;
+  con->Prever([&](const QString &) {
+    ++preguntas;
+    return QStringList{buena};
+  });
+  for (const QString &sql :
+       {QStringLiteral("SELECT SUM(IMP_MOV) AS TOTAL FROM tblGastosEnc GROUP BY FOL_MOV"),
+        QStringLiteral("SELECT SUM(IMP_MOV) AS TOTAL FROM tblGastosEnc ORDER BY 1"),
+        QStringLiteral("SELECT SUM(IMP_MOV) AS TOTAL FROM tblGastosEnc UNION SELECT 1"),
+        QStringLiteral("SELECT SUM(IMP_MOV), COUNT(*) AS N FROM tblGastosEnc"),
+        QStringLiteral("SELECT COUNT(*) AS N FROM tblGastosEnc")})
+    con->Abrir(sql);
+  EXPECT_EQ(preguntas, 0);
+  con->Prever({});
+}
+
 INSTANTIATE_TEST_SUITE_P(Motores, Conexiones, testing::ValuesIn(MotoresDePrueba()), NombreMotor);
 
 TEST(FechaSQL, EachEngineHasItsLiteral) {
