@@ -230,3 +230,39 @@ TEST_P(MesDemo, TheGenerationsMemoryChangesNoRowAndAsksEachReadOnlyLookupOnce) {
   EXPECT_GT(sentencias[1].count(QStringLiteral("SELECT * FROM tblFolios WHERE COD_FOLIO='I';")),
             100);
 }
+
+TEST_P(MesDemo, TheMonthPostedInBatchesLeavesWhatItLeavesOneStatementAtATime) {
+  FijarReloj(QDateTime(QDate(2026, 11, 2), QTime(9, 0)));
+  QStringList tablas[2];
+  QByteArray bitacoras[2];
+  int sentencias[2] = {0, 0};
+  // One statement at a time in a rehearsal that leaves nothing, then in batches for real:
+  // the same company before each.
+  for (int enLote = 0; enLote < 2; ++enLote) {
+    std::optional<UnaAUna> unaAUna;
+    if (enLote == 0)
+      unaAUna.emplace();
+    Corrida corrida;
+    ArbolOperaciones arbol;
+    CargarCorrida(*emp, corrida, arbol);
+    Conexion &c = *corrida.Conexion;
+    if (enLote == 0)
+      c.IniciarEnsayo();
+    OpcionesGeneracion o = opciones;
+    o.Resumen = emp->Ruta() + QStringLiteral("/mes_%1.txt").arg(enLote);
+    emp->grabadora.sentencias.clear();
+    Conexion::InstalarGrabadora(&emp->grabadora);
+    ASSERT_TRUE(Generador(corrida, o).GenerarPolizas(arbol).hubo);
+    Conexion::InstalarGrabadora(nullptr);
+    sentencias[enLote] = static_cast<int>(emp->grabadora.sentencias.size());
+    tablas[enLote] = diario::TodasLasTablas(c);
+    if (enLote == 0)
+      c.TerminarEnsayo();
+    bitacoras[enLote] = LeerArchivo(o.Resumen);
+  }
+  FijarReloj({});
+  EXPECT_EQ(tablas[1], tablas[0]);
+  EXPECT_EQ(bitacoras[1], bitacoras[0]);
+  EXPECT_GT(tablas[1].size(), 1000);
+  EXPECT_LT(sentencias[1] * 3, sentencias[0] * 2) << sentencias[1] << " " << sentencias[0];
+}

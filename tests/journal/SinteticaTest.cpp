@@ -4,6 +4,7 @@
 #include "export/GenerarArchivo.h"
 #include "journal/DiarioPrueba.h"
 
+#include <QFile>
 #include <algorithm>
 #include <gtest/gtest.h>
 
@@ -106,6 +107,23 @@ TEST_P(Sintetica, TheMemoryOfEachRunChangesNoRowAndNoByte) {
       Iguales(Exportar(true), sin, GetParam());
     }
     Iguales(Exportar(true), sin, GetParam());
+  }
+}
+
+TEST_P(Sintetica, EachGenerationInBatchesLeavesWhatItLeavesOneStatementAtATime) {
+  for (const int frec : {2, 1}) {
+    // Each run's log starts anew: a log kept from the run before would carry its text.
+    const QString bitacora = emp->Ruta() + QStringLiteral("/g%1%2.txt").arg(frec).arg(true);
+    std::pair<QStringList, QByteArray> unaAUna;
+    {
+      const UnaAUna guarda;
+      unaAUna = Generar(frec, true, true);
+    }
+    QFile::remove(bitacora);
+    const auto enLote = Generar(frec, true, true);
+    EXPECT_EQ(enLote.first, unaAUna.first);
+    EXPECT_EQ(enLote.second, unaAUna.second);
+    EXPECT_GT(enLote.first.size(), 200);
   }
 }
 
