@@ -552,14 +552,33 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
 
 void Generador::GrabarRenglones(const QString &folio) {
   const QString tipo = c_.Concepto().TipPoliza;
+  QStringList valores;
   for (const RenglonEnTrabajo &r : c_.Renglones.Filas()) {
     if (!r.RUBRO_DEBE.isEmpty())
-      c_.Conexion->Ejecutar(SentenciaRenglonDebe(folio, tipo, static_cast<int>(r.COD_DATO),
-                                                 r.RUBRO_DEBE, r.CUENTA_DEBE, r.IMP_DEBE));
+      valores << ValoresRenglonDebe(folio, tipo, static_cast<int>(r.COD_DATO), r.RUBRO_DEBE,
+                                    r.CUENTA_DEBE, r.IMP_DEBE);
     if (!r.RUBRO_HABER.isEmpty())
-      c_.Conexion->Ejecutar(SentenciaRenglonHaber(folio, tipo, static_cast<int>(r.COD_DATO),
-                                                  r.RUBRO_HABER, r.CUENTA_HABER, r.IMP_HABER));
+      valores << ValoresRenglonHaber(folio, tipo, static_cast<int>(r.COD_DATO), r.RUBRO_HABER,
+                                     r.CUENTA_HABER, r.IMP_HABER);
   }
+  Conexion &con = *c_.Conexion;
+  // In batches the lines go a few hundred a statement (SQL Server takes a thousand rows at
+  // most). A batch that fails inside a transaction still standing goes again a line at a
+  // time, and the line that fails stops the run as it always did; one that took the whole
+  // transaction with it stops the run at once.
+  constexpr qsizetype kRenglonesPorSentencia = 500;
+  qsizetype hechos = 0;
+  for (; Conexion::EnLote() && valores.size() - hechos > 1; hechos += kRenglonesPorSentencia) {
+    const QString sql = SentenciaRenglones(valores.mid(hechos, kRenglonesPorSentencia));
+    QString error;
+    if (con.IntentarEjecutar(sql, nullptr, &error))
+      continue;
+    if (!con.TransaccionViva())
+      throw Conexion::FallaDeSentencia(sql, error);
+    break;
+  }
+  for (; hechos < valores.size(); ++hechos)
+    con.Ejecutar(SentenciaRenglones({valores[hechos]}));
 }
 
 void Generador::GrabarBitacora(const QString &folio, const QDateTime &fecha) {

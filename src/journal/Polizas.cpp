@@ -55,21 +55,34 @@ QString SentenciaInsertarPoliza(const Poliza &p, const Dialecto &dialecto) {
          u","_s % p.SUM_HABER.Texto() % u","_s % QString::number(p.ESTATUS) % u")"_s;
 }
 
+QString ValoresRenglonDebe(const QString &folio, const QString &tipo, int codDato,
+                           const QString &rubro, const QString &cuenta, Dinero importe) {
+  return u"('"_s % Escapar(folio) % u"','"_s % Escapar(tipo) % u"',"_s % QString::number(codDato) %
+         u",'"_s % Escapar(rubro) % u"','','"_s % Escapar(cuenta) % u"','',"_s % importe.Texto() %
+         u",0)"_s;
+}
+
+QString ValoresRenglonHaber(const QString &folio, const QString &tipo, int codDato,
+                            const QString &rubro, const QString &cuenta, Dinero importe) {
+  return u"('"_s % Escapar(folio) % u"','"_s % Escapar(tipo) % u"',"_s % QString::number(codDato) %
+         u",'','"_s % Escapar(rubro) % u"','','"_s % Escapar(cuenta) % u"',0,"_s % importe.Texto() %
+         u")"_s;
+}
+
+QString SentenciaRenglones(const QStringList &valores) {
+  return u"INSERT INTO tblPolizasRen (FOL_POLIZA,TIP_POLIZA,COD_DATO,RUBRO_DEBE,RUBRO_HABER,"
+         "CUENTA_DEBE,CUENTA_HABER,IMP_DEBE,IMP_HABER) VALUES "_s %
+         valores.join(QLatin1Char(','));
+}
+
 QString SentenciaRenglonDebe(const QString &folio, const QString &tipo, int codDato,
                              const QString &rubro, const QString &cuenta, Dinero importe) {
-  return u"INSERT INTO tblPolizasRen (FOL_POLIZA,TIP_POLIZA,COD_DATO,RUBRO_DEBE,RUBRO_HABER,"
-         "CUENTA_DEBE,CUENTA_HABER,IMP_DEBE,IMP_HABER) VALUES ('"_s %
-         Escapar(folio) % u"','"_s % Escapar(tipo) % u"',"_s % QString::number(codDato) % u",'"_s %
-         Escapar(rubro) % u"','','"_s % Escapar(cuenta) % u"','',"_s % importe.Texto() % u",0)"_s;
+  return SentenciaRenglones({ValoresRenglonDebe(folio, tipo, codDato, rubro, cuenta, importe)});
 }
 
 QString SentenciaRenglonHaber(const QString &folio, const QString &tipo, int codDato,
                               const QString &rubro, const QString &cuenta, Dinero importe) {
-  return u"INSERT INTO tblPolizasRen (FOL_POLIZA,TIP_POLIZA,COD_DATO,RUBRO_DEBE,RUBRO_HABER,"
-         "CUENTA_DEBE,CUENTA_HABER,IMP_DEBE,IMP_HABER) VALUES ('"_s %
-         Escapar(folio) % u"','"_s % Escapar(tipo) % u"',"_s % QString::number(codDato) %
-         u",'','"_s % Escapar(rubro) % u"','','"_s % Escapar(cuenta) % u"',0,"_s % importe.Texto() %
-         u")"_s;
+  return SentenciaRenglones({ValoresRenglonHaber(folio, tipo, codDato, rubro, cuenta, importe)});
 }
 
 QString SentenciaInsertarPoliza(const Poliza &p, int motor) {

@@ -4,6 +4,7 @@
 
 #include <QDate>
 #include <QString>
+#include <QStringList>
 #include <optional>
 #include <vector>
 
@@ -59,6 +60,13 @@ QString SentenciaRenglonDebe(const QString &folio, const QString &tipo, int codD
                              const QString &rubro, const QString &cuenta, Dinero importe);
 QString SentenciaRenglonHaber(const QString &folio, const QString &tipo, int codDato,
                               const QString &rubro, const QString &cuenta, Dinero importe);
+// The values of a line as its insertion writes them, between parentheses; the insertion of
+// lines given so, in their order, in one statement.
+QString ValoresRenglonDebe(const QString &folio, const QString &tipo, int codDato,
+                           const QString &rubro, const QString &cuenta, Dinero importe);
+QString ValoresRenglonHaber(const QString &folio, const QString &tipo, int codDato,
+                            const QString &rubro, const QString &cuenta, Dinero importe);
+QString SentenciaRenglones(const QStringList &valores);
 
 // Writes a header and its lines, one statement each, in order.
 void InsertarPoliza(Conexion &con, const Poliza &p, const std::vector<RenglonPoliza> &renglones);

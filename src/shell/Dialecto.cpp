@@ -152,3 +152,14 @@ QString Dialecto::TipoColumna(TipoDato tipo, int largo) const {
 QString Dialecto::FinCrearTabla() const {
   return motor_ == kMySql ? QStringLiteral(" ENGINE=InnoDB DEFAULT CHARSET=utf8mb4") : QString();
 }
+
+QString Dialecto::TransaccionEnCurso() const {
+  switch (motor_) {
+  case kSqlServer:
+    return QStringLiteral("SELECT @@TRANCOUNT");
+  case kMySql:
+    return QStringLiteral("SELECT @@in_transaction");
+  default:
+    return {};
+  }
+}

@@ -44,6 +44,11 @@ public:
   // Whether the engine's transactions are begun by statement (the embedded one, which
   // takes its write lock at the start: "BEGIN IMMEDIATE") or through the driver.
   bool TransaccionPorSentencia() const { return motor_ == kSqlite; }
+  // The question of a server whether the connection's transaction still stands (one row,
+  // one column, not 0 when it does), after a failed statement: a deadlock undoes the whole
+  // transaction, not the statement alone. Empty for the embedded engine, which is asked
+  // by beginning one.
+  QString TransaccionEnCurso() const;
   // The server's lock named after the company database for a kind of work: the statement
   // that asks for it (columns TOMADO, 1 when taken, and NOMBRE) and the one that gives it
   // back. Not for the embedded engine, whose lock is a file beside the database.

@@ -417,6 +417,23 @@ void Conexion::Transaccion(Paso paso) {
     throw ErrorFatal(QStringLiteral("Error en la transacción: %1").arg(TextoError(error)), texto);
 }
 
+bool Conexion::TransaccionViva() {
+  if (!enTransaccion_)
+    return false;
+  const QString pregunta = dialecto_.TransaccionEnCurso();
+  if (pregunta.isEmpty()) {
+    // The embedded engine refuses a transaction inside another: a BEGIN that goes through
+    // found none, and the one it began is given back.
+    QSqlQuery q(Base());
+    if (!q.exec(QStringLiteral("BEGIN")))
+      return true;
+    q.exec(QStringLiteral("ROLLBACK"));
+    return false;
+  }
+  const std::unique_ptr<Registros> r = AbrirSinGrabar(pregunta, nullptr);
+  return r && !r->Vacio() && r->Variante(0).toLongLong() != 0;
+}
+
 std::unique_ptr<Candado> Conexion::TomarCandado(const QString &trabajo, QString *nombre) {
   QSqlDatabase &db = Base();
   if (guardaCompiladas_) {
@@ -500,11 +517,15 @@ QSqlQuery Conexion::Preparar(const QString &sql) {
   return q;
 }
 
+ErrorFatal Conexion::FallaDeSentencia(const QString &sql, const QString &error) {
+  return ErrorFatal(QStringLiteral("Error al ejecutar la sentencia: %1").arg(error), sql);
+}
+
 int Conexion::Ejecutar(const QString &sql) {
   int afectados = 0;
   QString error;
   if (!IntentarEjecutar(sql, &afectados, &error))
-    throw ErrorFatal(QStringLiteral("Error al ejecutar la sentencia: %1").arg(error), sql);
+    throw FallaDeSentencia(sql, error);
   return afectados;
 }
 

@@ -2,6 +2,7 @@
 
 #include "shell/Dialecto.h"
 #include "shell/Dinero.h"
+#include "shell/ErrorFatal.h"
 #include "shell/FinOrdenado.h"
 #include "shell/Odbc.h"
 
@@ -143,6 +144,8 @@ public:
   // Runs a statement that returns no rows; a failure ends the process. Gives the
   // number of rows it reports as affected.
   int Ejecutar(const QString &sql);
+  // The end of the process that Ejecutar raises for a statement that failed so.
+  static ErrorFatal FallaDeSentencia(const QString &sql, const QString &error);
   // The same under a local handler: false on failure, the error text in *error.
   bool IntentarEjecutar(const QString &sql, int *afectados = nullptr, QString *error = nullptr);
   // Opens a forward-only record set; a failure ends the process.
@@ -158,6 +161,9 @@ public:
   void ConfirmarTransaccion();
   void DeshacerTransaccion();
   bool EnTransaccion() const { return enTransaccion_; }
+  // After a statement failed inside a transaction: whether the database still holds the
+  // transaction, or undid all of it with the statement.
+  bool TransaccionViva();
   // A rehearsal: all that the connection writes from here on is undone by TerminarEnsayo,
   // and the transactions begun and confirmed inside it do neither.
   void IniciarEnsayo();

@@ -432,4 +432,34 @@ TEST_P(Generacion, TwoHundredAndOneRulesEndTheRun) {
   }
 }
 
+TEST_P(Generacion, ALineRefusedByTheDatabaseStopsTheRunAtThatLineEitherWay) {
+  // The database refuses the credit line of a document: the lines go together in one
+  // statement, and again one at a time so that the refused one is the one named.
+  if (emp->Motor() == 5)
+    Ejecutar("CREATE TRIGGER trgRechazo BEFORE INSERT ON tblPolizasRen WHEN NEW.COD_DATO=71 "
+             "AND NEW.IMP_HABER>900 BEGIN SELECT RAISE(ABORT, 'renglon rechazado'); END");
+  else
+    Ejecutar("CREATE TRIGGER trgRechazo BEFORE INSERT ON tblPolizasRen FOR EACH ROW BEGIN IF "
+             "NEW.COD_DATO=71 AND NEW.IMP_HABER>900 THEN SIGNAL SQLSTATE '45000' SET "
+             "MESSAGE_TEXT='renglon rechazado'; END IF; END");
+  Gasto("G-1", d3(), "100");
+  Gasto("G-2", d10(), "1000");
+  try {
+    Correr();
+    ADD_FAILURE() << "the run went on";
+  } catch (const ErrorFatal &e) {
+    EXPECT_TRUE(e.Mensaje().contains(QStringLiteral("renglon rechazado")))
+        << e.Mensaje().toStdString();
+    EXPECT_EQ(e.Sentencia(),
+              SentenciaRenglonHaber(QStringLiteral("00000000002"), QStringLiteral("E"), 71,
+                                    QStringLiteral("2-01"), QStringLiteral("2100-000"),
+                                    Dinero::DeTexto(QStringLiteral("1000"))));
+  }
+  Ejecutar("DROP TRIGGER trgRechazo");
+  // The first entry stands whole; nothing of the second.
+  EXPECT_EQ(Filas(kRen), L({"00000000001|E|68|6-01||6100-000||100|0",
+                            "00000000001|E|71||2-01||2100-000|0|100"}));
+  EXPECT_EQ(Filas(kFolioE), L({"00000000001"}));
+}
+
 INSTANTIATE_TEST_SUITE_P(Motores, Generacion, testing::ValuesIn(MotoresDePrueba()), NombreMotor);

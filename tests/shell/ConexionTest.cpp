@@ -411,6 +411,24 @@ TEST_P(Conexiones, AForeseenStatementThatFailsLeavesTheQueryToFailAlone) {
   con->Prever({});
 }
 
+TEST_P(Conexiones, ATransactionUndoneBehindTheConnectionsBackIsNoLongerAlive) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  EXPECT_FALSE(con->TransaccionViva());
+  con->IniciarTransaccion();
+  con->Ejecutar(QStringLiteral("INSERT INTO tblFolios (COD_FOLIO,FOL_FOLIOS) VALUES ('I','1')"));
+  EXPECT_FALSE(con->IntentarEjecutar(QStringLiteral("INSERT INTO tblNoHay (A) VALUES (1)")));
+  // A failed statement leaves the transaction standing, and asking doesn't change it.
+  EXPECT_TRUE(con->TransaccionViva());
+  EXPECT_TRUE(con->TransaccionViva());
+  ASSERT_TRUE(con->IntentarEjecutar(QStringLiteral("ROLLBACK")));
+  EXPECT_FALSE(con->TransaccionViva());
+  // As a fatal end leaves it: the undoing finds nothing to undo.
+  con->CerrarAlTerminar(Cerrable::Fase::Transacciones);
+  EXPECT_FALSE(con->EnTransaccion());
+  EXPECT_EQ(emp.Contar(QStringLiteral("tblFolios")), 0);
+}
+
 INSTANTIATE_TEST_SUITE_P(Motores, Conexiones, testing::ValuesIn(MotoresDePrueba()), NombreMotor);
 
 TEST(FechaSQL, EachEngineHasItsLiteral) {
