@@ -232,23 +232,31 @@ public:
   // Generation of the period with every rule of the operations at one frequency; without
   // repetir it only leaves the entries for the exports. The database goes back to the
   // company as built before every run and every replay, so a short generation is run
-  // again, and so is its replay, and the fastest of each counts.
+  // again, and so is its replay, and the fastest of each counts. The replay is of the
+  // statements the run prescribes, recorded in a run of their own: each one by itself and
+  // every lookup asked, as a run without the memory and without batches sends them, so
+  // that the ratio shows what both save. Every measured run leaves the rows of that one.
   Medida Generar(int frec, bool repetir = true) {
     Medida m = Nueva(frec == 1 ? u"generacion_documento"_s : u"generacion_dia"_s);
     banco::Sentencias sentencias;
     QString huella;
+    if (repetir) {
+      const SentenciasUnaAUna unaAUna;
+      Restablecer(frec);
+      CorrerGeneracion(frec, m, sentencias, false);
+      huella = Huella();
+    }
     double total = 0;
     for (int vez = 0; vez == 0 || (repetir && vez < kVecesCortas && total < kSegundosCortos);
          ++vez) {
       Restablecer(frec);
       banco::Sentencias estas;
-      const double segundos = CorrerGeneracion(frec, m, estas);
+      const double segundos = CorrerGeneracion(frec, m, estas, opciones_.memoria);
       total += segundos;
       m.segundos = vez == 0 ? segundos : std::min(m.segundos, segundos);
-      if (vez == 0) {
-        sentencias = std::move(estas);
-        huella = repetir ? Huella() : QString();
-      }
+      if (repetir && Huella() != huella)
+        throw ErrorFatal(u"La corrida de %1 no dejó las mismas filas que sus sentencias una a "
+                         "una: %2 contra %3."_s.arg(m.prueba, Huella(), huella));
     }
     if (!repetir)
       return m;
@@ -271,9 +279,13 @@ public:
                                                         : u"exportacion_usuario"_s);
     banco::FijarFormato(*AbrirDirecta(), formato);
     // The replay is of the statements the export prescribes, every lookup of every line:
-    // those of a run without the memory, so that the ratio shows what the memory saves.
+    // those of a run without the memory and without batches, so that the ratio shows what
+    // both save.
     banco::Sentencias sentencias;
-    CorrerExportacion(m, sentencias, false);
+    {
+      const SentenciasUnaAUna unaAUna;
+      CorrerExportacion(m, sentencias, false);
+    }
     double total = 0;
     const int minimo = VecesExportacion();
     for (int vez = 0; vez < minimo || (vez < kVecesCortas && total < kSegundosCortos); ++vez) {
@@ -297,7 +309,7 @@ private:
 
   // One run of the generation on the database as it stands; gives its seconds, and the
   // statements it sent.
-  double CorrerGeneracion(int frec, Medida &m, banco::Sentencias &sentencias) {
+  double CorrerGeneracion(int frec, Medida &m, banco::Sentencias &sentencias, bool memoria) {
     Grabadora grabadora;
     Corrida corrida;
     corrida.Conexion = Abrir();
@@ -311,7 +323,7 @@ private:
     op.Al = FinPeriodo();
     op.FechaDefinida = op.Del;
     op.Resumen = UnirRuta(gRutaApp, u"Temp\\Resumen%1_%2.txt"_s.arg(frec).arg(++corridas_));
-    op.Memoria = opciones_.memoria;
+    op.Memoria = memoria;
     Generador generador(corrida, op);
     generador.avance = [&](const AvanceGeneracion &) { sentencias.Tomar(grabadora); };
     mensajes_.mostrados.clear();
@@ -571,8 +583,9 @@ int main(int argc, char *argv[]) {
         << " renglones por venta y por recepción; operaciones 1, 2, 12, 22 y 24\n";
     out << "De cada 20 documentos: 11 ventas de contado, 3 a crédito, 2 recepciones, 2 gastos "
            "y 2 depósitos\n";
-    out << "repeticion_s: las mismas sentencias por el mismo controlador; lee en SQLite las filas "
-           "que leyó la corrida, en MariaDB todas\n";
+    out << "repeticion_s: las sentencias que la corrida prescribe (una a una, cada consulta "
+           "preguntada) por el mismo controlador; lee en SQLite las filas que leyeron, en "
+           "MariaDB todas\n";
     out << "razon: segundos / repeticion_s; resultado: pólizas grabadas, o líneas del archivo\n";
     out << "sent/doc: sentencias de la corrida por documento; idas/doc: idas y vueltas al "
            "servidor por documento, contadas por el relevo (mariadb+Lms: L ms más en cada una)\n\n";

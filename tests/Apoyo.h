@@ -50,16 +50,6 @@ private:
   int motorNum_ = 0;
 };
 
-// While it lives, every statement goes by itself (ESCRIBANO_SENTENCIAS_UNA_A_UNA=1), as the
-// runs always sent them: a test compares that way with the statements sent in batches.
-class UnaAUna {
-public:
-  UnaAUna() { qputenv("ESCRIBANO_SENTENCIAS_UNA_A_UNA", "1"); }
-  ~UnaAUna() { qunsetenv("ESCRIBANO_SENTENCIAS_UNA_A_UNA"); }
-  UnaAUna(const UnaAUna &) = delete;
-  UnaAUna &operator=(const UnaAUna &) = delete;
-};
-
 // Writes a file (bytes as given) under a folder.
 void EscribirArchivo(const QString &ruta, const QByteArray &bytes);
 QByteArray LeerArchivo(const QString &ruta);

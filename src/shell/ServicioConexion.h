@@ -248,6 +248,17 @@ private:
 
 using ConexionPtr = std::unique_ptr<Conexion>;
 
+// While it lives, every statement goes by itself (ESCRIBANO_SENTENCIAS_UNA_A_UNA=1), as
+// the runs always sent them: for a test that compares that way with the batches, and for
+// the benchmark's replay of the statements the runs prescribe.
+class SentenciasUnaAUna {
+public:
+  SentenciasUnaAUna() { qputenv("ESCRIBANO_SENTENCIAS_UNA_A_UNA", "1"); }
+  ~SentenciasUnaAUna() { qunsetenv("ESCRIBANO_SENTENCIAS_UNA_A_UNA"); }
+  SentenciasUnaAUna(const SentenciasUnaAUna &) = delete;
+  SentenciasUnaAUna &operator=(const SentenciasUnaAUna &) = delete;
+};
+
 // How a stored connection text is reached through Qt.
 struct DestinoConexion {
   QString driver;      // QSQLITE or QODBC

@@ -88,7 +88,7 @@ TEST_P(Paquete, EachLineAsksForTheTypeNumberAndTheReferenceOnceARunWithMemory) {
   // With it, each is asked once, in the same order; the file is the same.
   datos.memoria = true;
   {
-    const UnaAUna unaAUna;
+    const SentenciasUnaAUna unaAUna;
     EXPECT_EQ(Escribir(), sinMemoria);
   }
   ASSERT_EQ(emp->grabadora.sentencias.size(), 3);
@@ -114,7 +114,7 @@ QByteArray Paquete::EnLoteIgualAUnaAUna() {
   ResultadoArchivo resultadoUnaAUna;
   std::vector<int> mensajesUnaAUna;
   {
-    const UnaAUna guarda;
+    const SentenciasUnaAUna guarda;
     unaAUna = Escribir();
     resultadoUnaAUna = resultado;
     mensajesUnaAUna = Mensajes();

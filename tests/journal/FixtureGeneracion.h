@@ -111,7 +111,7 @@ protected:
     QStringList tablas;
     QString falla;
     {
-      const UnaAUna guarda;
+      const SentenciasUnaAUna guarda;
       Corrida corrida;
       ArbolOperaciones arbol;
       CargarCorrida(*emp, corrida, arbol);

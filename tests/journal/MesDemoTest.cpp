@@ -135,7 +135,7 @@ TEST_P(MesDemo, TheExportsMemoryAndBatchesChangeNoByteAndSendEachLookupOnce) {
     QByteArray archivos[kFormas];
     QStringList sentencias[kFormas];
     for (int forma = 0; forma < kFormas; ++forma) {
-      std::optional<UnaAUna> unaAUna;
+      std::optional<SentenciasUnaAUna> unaAUna;
       if (forma != kEnLote)
         unaAUna.emplace();
       FormatoArchivo formato;
@@ -239,7 +239,7 @@ TEST_P(MesDemo, TheMonthPostedInBatchesLeavesWhatItLeavesOneStatementAtATime) {
   // One statement at a time in a rehearsal that leaves nothing, then in batches for real:
   // the same company before each.
   for (int enLote = 0; enLote < 2; ++enLote) {
-    std::optional<UnaAUna> unaAUna;
+    std::optional<SentenciasUnaAUna> unaAUna;
     if (enLote == 0)
       unaAUna.emplace();
     Corrida corrida;

@@ -101,7 +101,7 @@ TEST_P(Sintetica, TheMemoryOfEachRunChangesNoRowAndNoByte) {
     banco::FijarFormato(*con, formato);
     QByteArray sin;
     {
-      const UnaAUna unaAUna;
+      const SentenciasUnaAUna unaAUna;
       sin = Exportar(false);
       ASSERT_GT(sin.size(), 10000);
       Iguales(Exportar(true), sin, GetParam());
@@ -116,7 +116,7 @@ TEST_P(Sintetica, EachGenerationInBatchesLeavesWhatItLeavesOneStatementAtATime) 
     const QString bitacora = emp->Ruta() + QStringLiteral("/g%1%2.txt").arg(frec).arg(true);
     std::pair<QStringList, QByteArray> unaAUna;
     {
-      const UnaAUna guarda;
+      const SentenciasUnaAUna guarda;
       unaAUna = Generar(frec, true, true);
     }
     QFile::remove(bitacora);
