@@ -7,6 +7,7 @@
 #include "shell/Sesion.h"
 
 #include <QStringBuilder>
+#include <optional>
 
 using namespace Qt::Literals::StringLiterals;
 
@@ -234,17 +235,70 @@ void LeerDocumentos(Corrida &corrida) {
   BuscarPosteos(corrida);
 }
 
+namespace {
+
+// The rows of many queries read before: each under its text.
+using Leidas = QHash<QString, std::shared_ptr<const Registros::Leidas>>;
+
+// Reads the queries a few hundred a statement (the embedded engine joins five hundred at
+// most), each under its text; the ones of a statement that fails, and a query alone, are
+// left to be asked by themselves.
+void LeerJuntas(Conexion &con, QStringList consultas, Leidas &leidas) {
+  constexpr qsizetype kConsultasPorSentencia = 400;
+  consultas.removeDuplicates();
+  if (consultas.size() < 2)
+    return;
+  for (qsizetype desde = 0; desde < consultas.size(); desde += kConsultasPorSentencia) {
+    const QStringList estas = consultas.mid(desde, kConsultasPorSentencia);
+    const std::optional<Conexion::Lecturas> juntas = con.AbrirJuntas(estas);
+    if (!juntas)
+      continue;
+    for (qsizetype i = 0; i < estas.size(); ++i)
+      leidas.insert(estas[i], (*juntas)[static_cast<std::size_t>(i)]);
+  }
+}
+
+} // namespace
+
 void BuscarPosteos(Corrida &corrida) {
   const ConceptoRegla &regla = corrida.Concepto();
   Conexion &con = *corrida.Conexion;
   ConjuntoMemoria<Documento> &docs = corrida.Documentos;
+  const auto movimiento = [&](const Documento &d) -> QString {
+    return u"SELECT * FROM tblMovimxPoliza WHERE FOLIO_MOV='"_s % Escapar(d.FOLIO_DOC) %
+           u"' AND COD_OPER="_s % N(regla.CodOper) % u" AND CONCEPTO='"_s %
+           Escapar(regla.Concepto) % u"';"_s;
+  };
+  // The entry is looked for under the journal type of the rule as it stands today.
+  const auto poliza = [&](const QString &folio) -> QString {
+    return u"SELECT * FROM tblPolizasEnc WHERE FOL_POLIZA='"_s % Escapar(folio) %
+           u"' AND TIP_POLIZA='"_s % Escapar(regla.TipPoliza) % u"';"_s;
+  };
+  // Nothing is written while the documents are looked for: in batches the records of all
+  // of them are read first, then the entries of the posted ones.
+  Leidas leidas;
+  if (Conexion::EnLote()) {
+    QStringList movimientos;
+    for (const Documento &d : docs.Filas())
+      movimientos << movimiento(d);
+    LeerJuntas(con, movimientos, leidas);
+    QStringList polizas;
+    for (const QString &m : movimientos) {
+      const auto leida = leidas.constFind(m);
+      if (leida != leidas.constEnd() && !(*leida)->filas.empty())
+        polizas << poliza(Registros(*leida, m).Campo(u"FOLIO_POLIZA"_s).Texto());
+    }
+    LeerJuntas(con, polizas, leidas);
+  }
+  const auto abrir = [&](const QString &sql) {
+    const auto leida = leidas.constFind(sql);
+    return leida != leidas.constEnd() ? Registros(*leida, sql) : con.Abrir(sql);
+  };
   for (docs.Primero(); !docs.Fin(); docs.Siguiente()) {
     Documento &d = docs.Actual();
     {
       // The module isn't asked; of several rows the first is used.
-      Registros m = con.Abrir(u"SELECT * FROM tblMovimxPoliza WHERE FOLIO_MOV='"_s %
-                              Escapar(d.FOLIO_DOC) % u"' AND COD_OPER="_s % N(regla.CodOper) %
-                              u" AND CONCEPTO='"_s % Escapar(regla.Concepto) % u"';"_s);
+      Registros m = abrir(movimiento(d));
       if (m.Vacio())
         continue;
       d.ESTA_CONTAB = true;
@@ -253,10 +307,7 @@ void BuscarPosteos(Corrida &corrida) {
       d.FECHA_CONTAB = FechaHora(m.Campo(u"FECHA_CON"_s));
       d.FRECU_CONTAB = static_cast<int>(m.Campo(u"FREC"_s).Entero());
     }
-    // The entry is looked for under the journal type of the rule as it stands today.
-    Registros p =
-        con.Abrir(u"SELECT * FROM tblPolizasEnc WHERE FOL_POLIZA='"_s % Escapar(d.FOLIO_POLIZA) %
-                  u"' AND TIP_POLIZA='"_s % Escapar(regla.TipPoliza) % u"';"_s);
+    Registros p = abrir(poliza(d.FOLIO_POLIZA));
     if (!p.Vacio()) {
       d.SUMADEBE_ANT = p.Campo(u"SUM_DEBE"_s).ComoDinero();
       d.SUMAHABER_ANT = p.Campo(u"SUM_HABER"_s).ComoDinero();

@@ -640,6 +640,20 @@ std::unique_ptr<Registros> Conexion::AbrirDirecto(const QString &sql, QString *e
 
 namespace {
 
+// A query that stands as a value or a table inside another: without its ";", and with no
+// second statement, grouping, order or union of its own. Nothing for any other.
+std::optional<QStringView> CuerpoSencillo(const QString &sql) {
+  QStringView cuerpo = QStringView(sql).trimmed();
+  if (cuerpo.endsWith(u';'))
+    cuerpo.chop(1);
+  if (cuerpo.contains(u';'))
+    return std::nullopt;
+  for (const char16_t *clausula : {u" GROUP BY ", u" ORDER BY ", u" UNION ", u" HAVING "})
+    if (cuerpo.contains(QStringView(clausula), Qt::CaseInsensitive))
+      return std::nullopt;
+  return cuerpo;
+}
+
 // A query of one total: "SELECT SUM(<expression>) AS <name> FROM ..." with no grouping,
 // order, union or second statement. Gives its name and the query without its ";", which
 // stands as a value inside another query.
@@ -651,14 +665,10 @@ std::optional<TotalUnico> ComoTotalUnico(const QString &sql) {
   static const QString inicio = QStringLiteral("SELECT SUM(");
   if (!sql.startsWith(inicio))
     return std::nullopt;
-  QStringView cuerpo = QStringView(sql).trimmed();
-  if (cuerpo.endsWith(u';'))
-    cuerpo.chop(1);
-  if (cuerpo.contains(u';'))
+  const std::optional<QStringView> sencillo = CuerpoSencillo(sql);
+  if (!sencillo)
     return std::nullopt;
-  for (const char16_t *clausula : {u" GROUP BY ", u" ORDER BY ", u" UNION ", u" HAVING "})
-    if (cuerpo.contains(QStringView(clausula), Qt::CaseInsensitive))
-      return std::nullopt;
+  const QStringView cuerpo = *sencillo;
   // The parenthesis that closes the SUM, then " AS <name> FROM ".
   qsizetype i = inicio.size();
   for (int abiertos = 1; i < cuerpo.size() && abiertos > 0; ++i) {
@@ -681,6 +691,43 @@ void Conexion::Prever(Previsor previsor) {
   previsor_ = std::move(previsor);
   if (!previsor_)
     previstas_.clear();
+}
+
+std::optional<Conexion::Lecturas> Conexion::AbrirJuntas(const QStringList &consultas) {
+  // Each query goes as a table of its own behind its place among them.
+  QString lote;
+  for (qsizetype i = 0; i < consultas.size(); ++i) {
+    const std::optional<QStringView> cuerpo = CuerpoSencillo(consultas[i]);
+    if (!cuerpo)
+      return std::nullopt;
+    lote += (i == 0 ? QStringLiteral("SELECT 0 AS ORDEN_LOTE, q.* FROM (")
+                    : QStringLiteral(" UNION ALL SELECT ") % QString::number(i) %
+                          QStringLiteral(", q.* FROM (")) %
+            *cuerpo % QStringLiteral(") q");
+  }
+  std::vector<std::shared_ptr<Registros::Leidas>> leidas;
+  try {
+    std::unique_ptr<Registros> r = AbrirDirecto(lote, nullptr);
+    if (!r)
+      return std::nullopt;
+    const QStringList nombres = r->Campos().mid(1);
+    for (qsizetype i = 0; i < consultas.size(); ++i) {
+      leidas.push_back(std::make_shared<Registros::Leidas>());
+      leidas.back()->nombres = nombres;
+    }
+    for (; !r->Fin(); r->Siguiente()) {
+      const qint64 cual = r->Variante(0).toLongLong();
+      if (cual < 0 || cual >= consultas.size())
+        return std::nullopt;
+      std::vector<QVariant> fila;
+      for (qsizetype c = 1; c <= nombres.size(); ++c)
+        fila.push_back(r->Variante(c));
+      leidas[static_cast<std::size_t>(cual)]->filas.push_back(std::move(fila));
+    }
+  } catch (const ErrorFatal &) {
+    return std::nullopt;
+  }
+  return Lecturas(leidas.begin(), leidas.end());
 }
 
 std::unique_ptr<Registros> Conexion::AbrirConPrevistas(const QString &sql) {

@@ -15,6 +15,7 @@
 #include <QVariant>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 // One value read from a record set, with the conversions the family's code uses.
@@ -185,6 +186,11 @@ public:
   // of tables nobody writes meanwhile. Without a foreseer the waiting answers go.
   using Previsor = std::function<QStringList(const QString &sql)>;
   void Prever(Previsor previsor);
+  // Queries of the same columns asked in one statement, each one's rows apart and in the
+  // order its query alone gives them; nothing when the statement fails, and each is then
+  // asked alone. A query with an order of its own, a grouping or a union isn't joined.
+  using Lecturas = std::vector<std::shared_ptr<const Registros::Leidas>>;
+  std::optional<Lecturas> AbrirJuntas(const QStringList &consultas);
 
   // Takes the lock of a kind of work (for instance "generacion") on this company without
   // waiting: null when another connection holds it, with its name in *nombre.

@@ -659,6 +659,7 @@ TEST_P(Documentos, AQuoteInAConceptIsDoubledInTheStatement) {
 // ------------------------------------------------------------------ earlier postings
 
 TEST_P(Documentos, APostedDocumentTakesItsRecordAndTheTotalsOfItsEntry) {
+  const SentenciasUnaAUna unaAUna;
   Venta("V-1", "2024-03-05");
   Venta("V-2", "2024-03-06");
   Movimiento("V-1", 1, "", "00000000005", 2, "2024-03-07", 9);
@@ -687,6 +688,7 @@ TEST_P(Documentos, APostedDocumentTakesItsRecordAndTheTotalsOfItsEntry) {
 }
 
 TEST_P(Documentos, AJournalTypeChangedOnTheRuleFindsNoEntryAndCountsZero) {
+  const SentenciasUnaAUna unaAUna;
   Venta("V-1", "2024-03-05");
   Movimiento("V-1", 1, "", "00000000005", 1, "2024-03-05");
   Poliza("00000000005", "D", "100.5", "100.5");
@@ -700,6 +702,57 @@ TEST_P(Documentos, AJournalTypeChangedOnTheRuleFindsNoEntryAndCountsZero) {
   EXPECT_EQ(d.FOLIO_POLIZA, QStringLiteral("00000000005"));
   EXPECT_EQ(d.SUMADEBE_ANT, Dinero());
   EXPECT_EQ(d.SUMAHABER_ANT, Dinero());
+}
+
+TEST_P(Documentos, InBatchesThePostingsOfAllDocumentsAreReadInTwoStatements) {
+  Venta("V-1", "2024-03-05");
+  Venta("V-2", "2024-03-06");
+  Venta("V-3", "2024-03-06");
+  Movimiento("V-1", 1, "", "00000000005", 2, "2024-03-07", 9);
+  Movimiento("V-3", 1, "", "00000000006", 1, "2024-03-08");
+  Poliza("00000000005", "D", "100.5", "99.25");
+  Poliza("00000000006", "D", "7", "7");
+  p.Regla(1);
+  std::vector<Documento> unaAUna;
+  {
+    const SentenciasUnaAUna guarda;
+    LeerDocumentos(p.c);
+    unaAUna = p.c.Documentos.Filas();
+  }
+  p.Olvidar();
+  LeerDocumentos(p.c);
+  const auto movimiento = [](const char *folio) {
+    return QStringLiteral("SELECT * FROM tblMovimxPoliza WHERE FOLIO_MOV='%1' AND COD_OPER=1 AND "
+                          "CONCEPTO=''")
+        .arg(QLatin1String(folio));
+  };
+  const auto poliza = [](const char *folio) {
+    return QStringLiteral("SELECT * FROM tblPolizasEnc WHERE FOL_POLIZA='%1' AND TIP_POLIZA='D'")
+        .arg(QLatin1String(folio));
+  };
+  ASSERT_EQ(p.Sentencias().size(), 3);
+  EXPECT_EQ(p.Sentencias()[1],
+            QStringLiteral("SELECT 0 AS ORDEN_LOTE, q.* FROM (%1) q UNION ALL SELECT 1, q.* FROM "
+                           "(%2) q UNION ALL SELECT 2, q.* FROM (%3) q")
+                .arg(movimiento("V-1"), movimiento("V-2"), movimiento("V-3")));
+  EXPECT_EQ(p.Sentencias()[2],
+            QStringLiteral("SELECT 0 AS ORDEN_LOTE, q.* FROM (%1) q UNION ALL SELECT 1, q.* FROM "
+                           "(%2) q")
+                .arg(poliza("00000000005"), poliza("00000000006")));
+  const std::vector<Documento> &enLote = p.c.Documentos.Filas();
+  ASSERT_EQ(enLote.size(), unaAUna.size());
+  for (std::size_t i = 0; i < enLote.size(); ++i) {
+    EXPECT_EQ(enLote[i].FOLIO_DOC, unaAUna[i].FOLIO_DOC);
+    EXPECT_EQ(enLote[i].FECHA_DOCTO, unaAUna[i].FECHA_DOCTO);
+    EXPECT_EQ(enLote[i].ESTA_CONTAB, unaAUna[i].ESTA_CONTAB);
+    EXPECT_EQ(enLote[i].FOLIO_POLIZA, unaAUna[i].FOLIO_POLIZA);
+    EXPECT_EQ(enLote[i].FECHA_CONTAB, unaAUna[i].FECHA_CONTAB);
+    EXPECT_EQ(enLote[i].FRECU_CONTAB, unaAUna[i].FRECU_CONTAB);
+    EXPECT_EQ(enLote[i].SUMADEBE_ANT, unaAUna[i].SUMADEBE_ANT);
+    EXPECT_EQ(enLote[i].SUMAHABER_ANT, unaAUna[i].SUMAHABER_ANT);
+  }
+  EXPECT_EQ(enLote[2].SUMADEBE_ANT, D("7"));
+  EXPECT_EQ(enLote[0].FRECU_CONTAB, 2);
 }
 
 TEST_P(Documentos, OfSeveralRecordsOfADocumentTheFirstIsUsed) {
