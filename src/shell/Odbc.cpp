@@ -9,6 +9,8 @@
 #include <QTime>
 #include <QtGlobal>
 
+#include <algorithm>
+
 #ifdef Q_OS_WIN
 #include <windows.h>
 #endif
@@ -75,6 +77,7 @@ std::unique_ptr<Cursor> Cursor::Ejecutar(const QSqlDatabase &base, const QString
   }
   SQLSMALLINT columnas = 0;
   SQLNumResultCols(h, &columnas);
+  std::vector<unsigned long long> tamanos;
   for (SQLUSMALLINT i = 1; i <= columnas; ++i) {
     SQLWCHAR nombre[256] = {};
     SQLSMALLINT largo = 0, tipo = 0, decimales = 0, nulo = 0;
@@ -83,7 +86,10 @@ std::unique_ptr<Cursor> Cursor::Ejecutar(const QSqlDatabase &base, const QString
     c->nombres_ << QString::fromUtf16(reinterpret_cast<const char16_t *>(nombre),
                                       qMin<qsizetype>(largo, 255));
     c->tipos_.push_back(tipo);
+    tamanos.push_back(tamano);
   }
+  if (columnas > 0)
+    c->enBloque_ = c->Enlazar(tamanos);
   if (afectados) {
     SQLLEN filas = 0;
     *afectados =
@@ -92,7 +98,50 @@ std::unique_ptr<Cursor> Cursor::Ejecutar(const QSqlDatabase &base, const QString
   return c;
 }
 
+bool Cursor::Enlazar(const std::vector<unsigned long long> &tamanos) {
+  // A column's text takes at most twice its size in UTF-16 units, with room for a sign, a
+  // point and an exponent that a size in digits leaves out, and its end.
+  constexpr unsigned long long kTamanoMaximo = 2000;
+  constexpr std::size_t kBytesBloque = 256 * 1024;
+  std::size_t bytesFila = 0;
+  for (unsigned long long tamano : tamanos) {
+    if (tamano == 0 || tamano > kTamanoMaximo)
+      return false;
+    anchos_.push_back(std::max<std::size_t>(static_cast<std::size_t>(tamano) * 2 + 8, 40));
+    bytesFila += anchos_.back() * sizeof(char16_t) + sizeof(SQLLEN);
+  }
+  const std::size_t filas = std::clamp<std::size_t>(kBytesBloque / bytesFila, 1, 256);
+  if (!SQL_SUCCEEDED(
+          SQLSetStmtAttr(h_, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(filas), 0)) ||
+      !SQL_SUCCEEDED(SQLSetStmtAttr(h_, SQL_ATTR_ROWS_FETCHED_PTR, &obtenidas_, 0))) {
+    SQLSetStmtAttr(h_, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(1), 0);
+    return false;
+  }
+  static_assert(sizeof(SQLLEN) == sizeof(long long) && sizeof(SQLULEN) == sizeof(obtenidas_));
+  textos_.resize(tamanos.size());
+  largos_.resize(tamanos.size());
+  for (std::size_t i = 0; i < tamanos.size(); ++i) {
+    textos_[i].resize(anchos_[i] * filas);
+    largos_[i].resize(filas);
+    if (!SQL_SUCCEEDED(SQLBindCol(h_, static_cast<SQLUSMALLINT>(i + 1), SQL_C_WCHAR,
+                                  textos_[i].data(),
+                                  static_cast<SQLLEN>(anchos_[i] * sizeof(char16_t)),
+                                  reinterpret_cast<SQLLEN *>(largos_[i].data()))))
+      throw ErrorFatal(
+          QStringLiteral("Error al preparar la lectura del campo %1: %2")
+              .arg(nombres_.value(static_cast<qsizetype>(i)), Diagnostico(SQL_HANDLE_STMT, h_)),
+          sql_);
+  }
+  fila_ = 0;
+  obtenidas_ = 0;
+  return true;
+}
+
 bool Cursor::Siguiente() {
+  if (enBloque_ && fila_ + 1 < obtenidas_) {
+    ++fila_;
+    return true;
+  }
   const SQLRETURN r = SQLFetch(h_);
   if (r == SQL_NO_DATA)
     return false;
@@ -100,10 +149,26 @@ bool Cursor::Siguiente() {
     throw ErrorFatal(
         QStringLiteral("Error al leer la consulta: %1").arg(Diagnostico(SQL_HANDLE_STMT, h_)),
         sql_);
-  return true;
+  if (!enBloque_)
+    return true;
+  fila_ = 0;
+  return obtenidas_ > 0;
 }
 
 QVariant Cursor::Valor(int columna) {
+  if (enBloque_) {
+    const std::size_t c = static_cast<std::size_t>(columna);
+    const SQLLEN largo = largos_[c][fila_];
+    if (largo == SQL_NULL_DATA)
+      return QVariant();
+    // A text that didn't fit its buffer would come cut: that is no value to go on with.
+    if (largo == SQL_NO_TOTAL || static_cast<std::size_t>(largo) >= anchos_[c] * sizeof(char16_t))
+      throw ErrorFatal(
+          QStringLiteral("El valor del campo %1 no cupo al leerlo.").arg(nombres_.value(columna)),
+          sql_);
+    return ConTipo(columna, QString::fromUtf16(textos_[c].data() + fila_ * anchos_[c],
+                                               static_cast<qsizetype>(largo / sizeof(char16_t))));
+  }
   // Read as text in pieces of any length, then given the type of the column.
   QString texto;
   SQLWCHAR trozo[512];
@@ -132,6 +197,10 @@ QVariant Cursor::Valor(int columna) {
     if (r == SQL_SUCCESS)
       break;
   }
+  return ConTipo(columna, texto);
+}
+
+QVariant Cursor::ConTipo(int columna, const QString &texto) const {
   switch (tipos_[static_cast<std::size_t>(columna)]) {
   case SQL_TINYINT:
   case SQL_SMALLINT:

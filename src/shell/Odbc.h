@@ -37,10 +37,22 @@ public:
 
 private:
   explicit Cursor(void *sentencia) : h_(sentencia) {}
+  // Binds every column to a buffer of rows, so that a fetch brings a block of them; false
+  // when a column is too long to bind (a memo), and the rows then come one at a time.
+  bool Enlazar(const std::vector<unsigned long long> &tamanos);
+  QVariant ConTipo(int columna, const QString &texto) const;
   void *h_;
   QString sql_;
   QStringList nombres_;
   std::vector<short> tipos_;
+  // The bound block: each column's texts (anchos_ UTF-16 units a row, terminated) and
+  // lengths, the rows the last fetch brought and the one in hand.
+  std::vector<std::vector<char16_t>> textos_;
+  std::vector<std::vector<long long>> largos_;
+  std::vector<std::size_t> anchos_;
+  unsigned long long obtenidas_ = 0;
+  std::size_t fila_ = 0;
+  bool enBloque_ = false;
 };
 
 // Whether a connection goes through ODBC, and so through here.
