@@ -413,9 +413,13 @@ bool Generador::PostearPorDia(int n) {
     // Tie the document to the day's entry.
     Documento &actual = c_.Documentos.Actual();
     actual.CONTABILIZADO = true;
-    if (hayPoliza)
-      GrabarMovimiento(folio, op_.DefinirFecha ? QDateTime(op_.FechaDefinida, QTime(0, 0))
-                                               : c_.FechaDocumento);
+    if (hayPoliza) {
+      std::vector<Conexion::Escritura> pasos;
+      GrabarMovimiento(
+          folio, op_.DefinirFecha ? QDateTime(op_.FechaDefinida, QTime(0, 0)) : c_.FechaDocumento,
+          pasos);
+      c_.Conexion->EjecutarEscrituras(pasos);
+    }
     c_.Documentos.Siguiente();
   }
   c_.Conexion->ConfirmarTransaccion();
@@ -518,39 +522,44 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
         return {};
       }
     }
-    con.Ejecutar(guardarFolio(folio));
+  }
+  // The rest of the entry's writes go together: on a server that runs blocks, in one.
+  std::vector<Conexion::Escritura> pasos;
+  if (!doc.ESTA_CONTAB) {
+    pasos.push_back(Conexion::Escritura::Sola(guardarFolio(folio)));
   } else {
     folio = doc.FOLIO_POLIZA;
     p.FEC_ANTERIOR = c_.FechaAnterior.date();
-    if (!con.Abrir(existe(folio)).Vacio()) {
-      con.Ejecutar(QStringLiteral("UPDATE tblPolizasEnc SET FEC_POLIZA=%1,FEC_ANTERIOR=%2,"
-                                  "IMPANT_DEBE=%3,IMPANT_HABER=%4,SUM_DEBE=%5,SUM_HABER=%6 WHERE "
-                                  "FOL_POLIZA='%7' AND TIP_POLIZA='%8';")
-                       .arg(con.Dialecto().FechaSQL(p.FEC_POLIZA),
-                            con.Dialecto().FechaSQL(p.FEC_ANTERIOR), p.IMPANT_DEBE.Texto(),
-                            p.IMPANT_HABER.Texto(), p.SUM_DEBE.Texto(), p.SUM_HABER.Texto(),
-                            Escapar(folio), Escapar(regla.TipPoliza)));
-    } else {
-      // The entry vanished while its document still names it: it is made again.
-      p.FOL_POLIZA = folio;
-      p.CONCEP_POL = regla.DesConcepto.trimmed();
-      p.ESTATUS = -1;
-      con.Ejecutar(SentenciaInsertarPoliza(p, con.Dialecto()));
-    }
+    // The entry vanished while its document still names it: it is made again.
+    Poliza nueva = p;
+    nueva.FOL_POLIZA = folio;
+    nueva.CONCEP_POL = regla.DesConcepto.trimmed();
+    nueva.ESTATUS = -1;
+    pasos.push_back(Conexion::Escritura::SegunHaya(
+        existe(folio),
+        QStringLiteral("UPDATE tblPolizasEnc SET FEC_POLIZA=%1,FEC_ANTERIOR=%2,"
+                       "IMPANT_DEBE=%3,IMPANT_HABER=%4,SUM_DEBE=%5,SUM_HABER=%6 WHERE "
+                       "FOL_POLIZA='%7' AND TIP_POLIZA='%8';")
+            .arg(con.Dialecto().FechaSQL(p.FEC_POLIZA), con.Dialecto().FechaSQL(p.FEC_ANTERIOR),
+                 p.IMPANT_DEBE.Texto(), p.IMPANT_HABER.Texto(), p.SUM_DEBE.Texto(),
+                 p.SUM_HABER.Texto(), Escapar(folio), Escapar(regla.TipPoliza)),
+        SentenciaInsertarPoliza(nueva, con.Dialecto())));
   }
   ++polizas_;
   escritas_.emplace_back(regla.TipPoliza, folio);
-  GrabarRenglones(folio);
-  GrabarBitacora(folio, fecha);
+  GrabarRenglones(folio, pasos);
+  GrabarBitacora(folio, fecha, pasos);
+  if (porDocumento)
+    GrabarMovimiento(folio, fecha, pasos);
+  con.EjecutarEscrituras(pasos);
   if (porDocumento) {
-    GrabarMovimiento(folio, fecha);
     con.ConfirmarTransaccion();
     bitacora_.EscribirPoliza(con, folio, regla);
   }
   return folio;
 }
 
-void Generador::GrabarRenglones(const QString &folio) {
+void Generador::GrabarRenglones(const QString &folio, std::vector<Conexion::Escritura> &pasos) {
   const QString tipo = c_.Concepto().TipPoliza;
   QStringList valores;
   for (const RenglonEnTrabajo &r : c_.Renglones.Filas()) {
@@ -561,27 +570,23 @@ void Generador::GrabarRenglones(const QString &folio) {
       valores << ValoresRenglonHaber(folio, tipo, static_cast<int>(r.COD_DATO), r.RUBRO_HABER,
                                      r.CUENTA_HABER, r.IMP_HABER);
   }
-  Conexion &con = *c_.Conexion;
   // In batches the lines go a few hundred a statement (SQL Server takes a thousand rows at
-  // most). A batch that fails inside a transaction still standing goes again a line at a
-  // time, and the line that fails stops the run as it always did; one that took the whole
+  // most). A statement refused inside a transaction still standing goes again a line at a
+  // time, and the line refused stops the run as it always did; one that took the whole
   // transaction with it stops the run at once.
-  constexpr qsizetype kRenglonesPorSentencia = 500;
-  qsizetype hechos = 0;
-  for (; Conexion::EnLote() && valores.size() - hechos > 1; hechos += kRenglonesPorSentencia) {
-    const QString sql = SentenciaRenglones(valores.mid(hechos, kRenglonesPorSentencia));
-    QString error;
-    if (con.IntentarEjecutar(sql, nullptr, &error))
-      continue;
-    if (!con.TransaccionViva())
-      throw Conexion::FallaDeSentencia(sql, error);
-    break;
+  const qsizetype porSentencia = Conexion::EnLote() ? 500 : 1;
+  for (qsizetype desde = 0; desde < valores.size(); desde += porSentencia) {
+    const QStringList estos = valores.mid(desde, porSentencia);
+    Conexion::Escritura paso = Conexion::Escritura::Sola(SentenciaRenglones(estos));
+    if (estos.size() > 1)
+      for (const QString &v : estos)
+        paso.porPartes << SentenciaRenglones({v});
+    pasos.push_back(std::move(paso));
   }
-  for (; hechos < valores.size(); ++hechos)
-    con.Ejecutar(SentenciaRenglones({valores[hechos]}));
 }
 
-void Generador::GrabarBitacora(const QString &folio, const QDateTime &fecha) {
+void Generador::GrabarBitacora(const QString &folio, const QDateTime &fecha,
+                               std::vector<Conexion::Escritura> &pasos) {
   const ConceptoRegla &regla = c_.Concepto();
   Conexion &con = *c_.Conexion;
   const QString modulo = QString::number(regla.Modulo);
@@ -591,32 +596,33 @@ void Generador::GrabarBitacora(const QString &folio, const QDateTime &fecha) {
                         Escapar(folio) % u"';"_s;
   const QString hoy = con.Dialecto().FechaSQL(Hoy());
   const QString ahora = con.Dialecto().FechaHoraSQL(Ahora());
-  if (!con.Abrir(u"SELECT COD_OPER FROM tblBitacoraPolizas WHERE "_s % donde).Vacio()) {
-    con.Ejecutar(u"UPDATE tblBitacoraPolizas SET FEC_MOVIM="_s % Fecha(fecha) % u",FEC_GENERA="_s %
-                 hoy % u",HR_GENERA="_s % ahora % u",SUMA_DEBE="_s % c_.SumaDebe.Texto() %
-                 u",SUMA_HABER="_s % c_.SumaHaber.Texto() % u",USU_ACTUALIZO='"_s %
-                 Escapar(gCodUsu) % u"' WHERE "_s % donde);
-    return;
-  }
-  // The log table is no reason to stop: a failed insertion is dropped.
-  con.IntentarEjecutar(
-      u"INSERT INTO tblBitacoraPolizas (MODULO,COD_OPER,COD_CONCEP,FEC_MOVIM,FOL_POLIZA,"
-      "TIP_POLIZA,FEC_GENERA,HR_GENERA,SUMA_DEBE,SUMA_HABER,USU_GENERA,USU_ACTUALIZO,IMPRESA,"
-      "ESTATUS) VALUES ("_s %
-      modulo % u","_s % oper % u",'"_s % Escapar(regla.Concepto) % u"',"_s % Fecha(fecha) %
-      u",'"_s % Escapar(folio) % u"','"_s % Escapar(regla.TipPoliza) % u"',"_s % hoy % u","_s %
-      ahora % u","_s % c_.SumaDebe.Texto() % u","_s % c_.SumaHaber.Texto() % u",'"_s %
-      Escapar(gCodUsu) % u"','', 0, 0)"_s);
+  // The row is updated when there is one; the log table is no reason to stop, so a failed
+  // insertion is dropped.
+  Conexion::Escritura paso;
+  paso.consulta = u"SELECT COD_OPER FROM tblBitacoraPolizas WHERE "_s % donde;
+  paso.sql = u"UPDATE tblBitacoraPolizas SET FEC_MOVIM="_s % Fecha(fecha) % u",FEC_GENERA="_s %
+             hoy % u",HR_GENERA="_s % ahora % u",SUMA_DEBE="_s % c_.SumaDebe.Texto() %
+             u",SUMA_HABER="_s % c_.SumaHaber.Texto() % u",USU_ACTUALIZO='"_s % Escapar(gCodUsu) %
+             u"' WHERE "_s % donde;
+  paso.otra = u"INSERT INTO tblBitacoraPolizas (MODULO,COD_OPER,COD_CONCEP,FEC_MOVIM,FOL_POLIZA,"
+              "TIP_POLIZA,FEC_GENERA,HR_GENERA,SUMA_DEBE,SUMA_HABER,USU_GENERA,USU_ACTUALIZO,"
+              "IMPRESA,ESTATUS) VALUES ("_s %
+              modulo % u","_s % oper % u",'"_s % Escapar(regla.Concepto) % u"',"_s % Fecha(fecha) %
+              u",'"_s % Escapar(folio) % u"','"_s % Escapar(regla.TipPoliza) % u"',"_s % hoy %
+              u","_s % ahora % u","_s % c_.SumaDebe.Texto() % u","_s % c_.SumaHaber.Texto() %
+              u",'"_s % Escapar(gCodUsu) % u"','', 0, 0)"_s;
+  paso.intentar = true;
+  pasos.push_back(std::move(paso));
 }
 
-void Generador::GrabarMovimiento(const QString &folio, const QDateTime &fecha) {
+void Generador::GrabarMovimiento(const QString &folio, const QDateTime &fecha,
+                                 std::vector<Conexion::Escritura> &pasos) {
   if (!c_.Documentos.HayActual())
     return;
   const Documento &d = c_.Documentos.Actual();
   if (!d.CONTABILIZADO)
     return;
   const ConceptoRegla &regla = c_.Concepto();
-  Conexion &con = *c_.Conexion;
   const QString doc = d.FOLIO_DOC;
   const QString fmov = Fecha(d.FECHA_DOCTO);
   const QString fcon = Fecha(fecha);
@@ -626,18 +632,16 @@ void Generador::GrabarMovimiento(const QString &folio, const QDateTime &fecha) {
   const QString donde = u"FOLIO_MOV='"_s % Escapar(doc) % u"' AND CONCEPTO='"_s %
                         Escapar(regla.Concepto) % u"' AND MODULO="_s % modulo %
                         u" AND FECHA_MOV="_s % fmov % u" AND COD_OPER="_s % oper % u";"_s;
-  if (!con.Abrir(u"SELECT * FROM tblMovimxPoliza WHERE FOLIO_POLIZA='"_s % Escapar(folio) %
-                 u"' AND "_s % donde)
-           .Vacio()) {
-    con.Ejecutar(u"UPDATE tblMovimxPoliza SET FOLIO_POLIZA='"_s % Escapar(folio) % u"',FREC="_s %
-                 frecuencia % u",FECHA_CON="_s % fcon % u" WHERE "_s % donde);
-  } else {
-    con.Ejecutar(u"INSERT INTO tblMovimxPoliza (FOLIO_MOV,CONCEPTO,MODULO,FOLIO_POL,FOLIO_POLIZA,"
-                 "FREC,FECHA_CON,FECHA_MOV,COD_OPER) VALUES ('"_s %
-                 Escapar(doc) % u"','"_s % Escapar(regla.Concepto) % u"',"_s % modulo % u","_s %
-                 QString::number(FolioComoNumero(folio)) % u",'"_s % Escapar(folio) % u"',"_s %
-                 frecuencia % u","_s % fcon % u","_s % fmov % u","_s % oper % u")"_s);
-  }
+  pasos.push_back(Conexion::Escritura::SegunHaya(
+      u"SELECT * FROM tblMovimxPoliza WHERE FOLIO_POLIZA='"_s % Escapar(folio) % u"' AND "_s %
+          donde,
+      u"UPDATE tblMovimxPoliza SET FOLIO_POLIZA='"_s % Escapar(folio) % u"',FREC="_s % frecuencia %
+          u",FECHA_CON="_s % fcon % u" WHERE "_s % donde,
+      u"INSERT INTO tblMovimxPoliza (FOLIO_MOV,CONCEPTO,MODULO,FOLIO_POL,FOLIO_POLIZA,"
+      "FREC,FECHA_CON,FECHA_MOV,COD_OPER) VALUES ('"_s %
+          Escapar(doc) % u"','"_s % Escapar(regla.Concepto) % u"',"_s % modulo % u","_s %
+          QString::number(FolioComoNumero(folio)) % u",'"_s % Escapar(folio) % u"',"_s %
+          frecuencia % u","_s % fcon % u","_s % fmov % u","_s % oper % u")"_s));
   // The stamp for the sibling modules.
   const OperacionFuente &fuente = c_.OperacionActual();
   QString f = fuente.FiltroConcepto;
@@ -665,5 +669,5 @@ void Generador::GrabarMovimiento(const QString &folio, const QDateTime &fecha) {
             fuente.CampoClave % u"='"_s % Escapar(doc) % u"'"_s;
     break;
   }
-  con.Ejecutar(sello);
+  pasos.push_back(Conexion::Escritura::Sola(sello));
 }

@@ -2,6 +2,7 @@
 
 #include "journal/Bitacora.h"
 #include "journal/OpcionesGeneracion.h"
+#include "shell/ServicioConexion.h"
 
 #include <QDateTime>
 #include <QString>
@@ -72,9 +73,13 @@ public:
   // Header, then lines, log row and, by document, record and log of the entry. The
   // date may change to the defined date. Returns the folio, empty on failure.
   QString GrabarPoliza(QDateTime &fecha);
-  void GrabarRenglones(const QString &folio);
-  void GrabarBitacora(const QString &folio, const QDateTime &fecha);
-  void GrabarMovimiento(const QString &folio, const QDateTime &fecha);
+  // The writes of the entry's lines, its log row, and a document's record and stamp, added
+  // to the entry's step in their order.
+  void GrabarRenglones(const QString &folio, std::vector<Conexion::Escritura> &pasos);
+  void GrabarBitacora(const QString &folio, const QDateTime &fecha,
+                      std::vector<Conexion::Escritura> &pasos);
+  void GrabarMovimiento(const QString &folio, const QDateTime &fecha,
+                        std::vector<Conexion::Escritura> &pasos);
 
   Bitacora &Log() { return bitacora_; }
   // The entries written or redone by this run, as journal type and folio, in their order.

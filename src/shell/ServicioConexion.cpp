@@ -517,6 +517,96 @@ QSqlQuery Conexion::Preparar(const QString &sql) {
   return q;
 }
 
+namespace {
+
+// A statement as a piece of a block: without its ";", which the block puts back.
+QString Pieza(const QString &sql) {
+  QStringView pieza = QStringView(sql).trimmed();
+  if (pieza.endsWith(u';'))
+    pieza.chop(1);
+  return pieza.toString();
+}
+
+} // namespace
+
+QString Conexion::Bloque(const std::vector<Escritura> &escrituras) {
+  if (motor_ != 4 || !enTransaccion_)
+    return {};
+  if (!bloques_) {
+    const std::unique_ptr<Registros> r =
+        AbrirSinGrabar(QStringLiteral("SELECT VERSION()"), nullptr);
+    bloques_ =
+        r && !r->Vacio() &&
+        Valor::Texto(r->Variante(0)).contains(QStringLiteral("MariaDB"), Qt::CaseInsensitive);
+  }
+  if (!*bloques_)
+    return {};
+  // A failure anywhere undoes the block's writes and goes on to the caller.
+  QString bloque = QStringLiteral("BEGIN NOT ATOMIC DECLARE EXIT HANDLER FOR SQLEXCEPTION BEGIN "
+                                  "ROLLBACK TO SAVEPOINT escrituras; RESIGNAL; END; SAVEPOINT "
+                                  "escrituras;");
+  const auto ultima = [](const QString &sql, bool intentar) -> QString {
+    return intentar
+               ? QStringLiteral(" BEGIN DECLARE CONTINUE HANDLER FOR SQLEXCEPTION BEGIN END; ") %
+                     Pieza(sql) % QStringLiteral("; END;")
+               : QStringLiteral(" ") % Pieza(sql) % QStringLiteral(";");
+  };
+  for (const Escritura &e : escrituras) {
+    if (Pieza(e.sql).isEmpty() || (!e.consulta.isEmpty() && Pieza(e.otra).isEmpty()))
+      return {};
+    if (e.consulta.isEmpty()) {
+      bloque += ultima(e.sql, e.intentar);
+      continue;
+    }
+    bloque += QStringLiteral(" IF EXISTS (") % Pieza(e.consulta) % QStringLiteral(") THEN ") %
+              Pieza(e.sql) % QStringLiteral("; ELSE") % ultima(e.otra, e.intentar) %
+              QStringLiteral(" END IF;");
+  }
+  return bloque + QStringLiteral(" END");
+}
+
+void Conexion::EjecutarEscrituras(const std::vector<Escritura> &escrituras) {
+  if (escrituras.size() > 1 && EnLote()) {
+    const QString bloque = Bloque(escrituras);
+    if (!bloque.isEmpty()) {
+      QString error;
+      if (IntentarEjecutar(bloque, nullptr, &error))
+        return;
+      if (!TransaccionViva())
+        throw FallaDeSentencia(bloque, error);
+    }
+  }
+  for (const Escritura &e : escrituras)
+    EjecutarUnaAUna(e);
+}
+
+void Conexion::EjecutarUnaAUna(const Escritura &e) {
+  const QString *ultima = &e.sql;
+  if (!e.consulta.isEmpty()) {
+    const bool hay = !Abrir(e.consulta).Vacio();
+    if (hay) {
+      Ejecutar(e.sql);
+      return;
+    }
+    ultima = &e.otra;
+  }
+  if (e.intentar) {
+    IntentarEjecutar(*ultima);
+    return;
+  }
+  if (e.porPartes.isEmpty()) {
+    Ejecutar(*ultima);
+    return;
+  }
+  QString error;
+  if (IntentarEjecutar(*ultima, nullptr, &error))
+    return;
+  if (!TransaccionViva())
+    throw FallaDeSentencia(*ultima, error);
+  for (const QString &parte : e.porPartes)
+    Ejecutar(parte);
+}
+
 ErrorFatal Conexion::FallaDeSentencia(const QString &sql, const QString &error) {
   return ErrorFatal(QStringLiteral("Error al ejecutar la sentencia: %1").arg(error), sql);
 }

@@ -145,6 +145,36 @@ public:
   // Runs a statement that returns no rows; a failure ends the process. Gives the
   // number of rows it reports as affected.
   int Ejecutar(const QString &sql);
+  // One write of a step of a run. Alone it is `sql`. With a `consulta`, `sql` runs when the
+  // query finds a row and `otra` when it finds none. With `intentar`, a failure of the
+  // statement that would run last (`otra`, or `sql` without a query) is dropped. With
+  // `porPartes`, a failure of `sql` inside a transaction that still stands runs those
+  // statements one at a time instead, each failure fatal.
+  struct Escritura {
+    QString sql;
+    QString consulta;
+    QString otra;
+    bool intentar = false;
+    QStringList porPartes;
+    static Escritura Sola(QString sql) {
+      Escritura e;
+      e.sql = std::move(sql);
+      return e;
+    }
+    static Escritura SegunHaya(QString consulta, QString siHay, QString siNo) {
+      Escritura e;
+      e.consulta = std::move(consulta);
+      e.sql = std::move(siHay);
+      e.otra = std::move(siNo);
+      return e;
+    }
+  };
+  // The writes of a step, in order. On a server that runs a block of statements as one
+  // (MariaDB), inside a transaction and in batches, they go in one block whose writes stand
+  // or fall together; a block that fails with the transaction standing goes again a
+  // statement at a time, and whatever fails then fails as it always did. Elsewhere they go
+  // a statement at a time.
+  void EjecutarEscrituras(const std::vector<Escritura> &escrituras);
   // The end of the process that Ejecutar raises for a statement that failed so.
   static ErrorFatal FallaDeSentencia(const QString &sql, const QString &error);
   // The same under a local handler: false on failure, the error text in *error.
@@ -237,6 +267,12 @@ private:
   // when sql is no single total, nothing is expected, or the statement fails.
   std::unique_ptr<Registros> AbrirConPrevistas(const QString &sql);
   std::unique_ptr<Registros> AbrirDirecto(const QString &sql, QString *error);
+  // The block of a step's writes, or nothing when the server runs none or a write has no
+  // statement to run.
+  QString Bloque(const std::vector<Escritura> &escrituras);
+  void EjecutarUnaAUna(const Escritura &e);
+  // Whether the server runs blocks of statements: asked of it once.
+  std::optional<bool> bloques_;
   Previsor previsor_;
   QHash<QString, std::shared_ptr<const Registros::Leidas>> previstas_;
   bool guardaCompiladas_ = false;
@@ -257,12 +293,25 @@ using ConexionPtr = std::unique_ptr<Conexion>;
 // While it lives, every statement goes by itself (ESCRIBANO_SENTENCIAS_UNA_A_UNA=1), as
 // the runs always sent them: for a test that compares that way with the batches, and for
 // the benchmark's replay of the statements the runs prescribe.
+// One inside another leaves the switch as the outer one set it.
 class SentenciasUnaAUna {
 public:
-  SentenciasUnaAUna() { qputenv("ESCRIBANO_SENTENCIAS_UNA_A_UNA", "1"); }
-  ~SentenciasUnaAUna() { qunsetenv("ESCRIBANO_SENTENCIAS_UNA_A_UNA"); }
+  SentenciasUnaAUna() : habia_(qEnvironmentVariableIsSet(kVariable)), antes_(qgetenv(kVariable)) {
+    qputenv(kVariable, "1");
+  }
+  ~SentenciasUnaAUna() {
+    if (habia_)
+      qputenv(kVariable, antes_);
+    else
+      qunsetenv(kVariable);
+  }
   SentenciasUnaAUna(const SentenciasUnaAUna &) = delete;
   SentenciasUnaAUna &operator=(const SentenciasUnaAUna &) = delete;
+
+private:
+  static constexpr const char *kVariable = "ESCRIBANO_SENTENCIAS_UNA_A_UNA";
+  bool habia_;
+  QByteArray antes_;
 };
 
 // How a stored connection text is reached through Qt.

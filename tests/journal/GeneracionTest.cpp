@@ -3,6 +3,8 @@
 #include "shell/ErrorFatal.h"
 #include "shell/Rutas.h"
 
+#include <QRegularExpression>
+
 namespace {
 
 const char *kEnc = "SELECT FOL_POLIZA,FEC_POLIZA,TIP_POLIZA,COD_OPER,CONCEP_POL,FEC_ANTERIOR,"
@@ -49,6 +51,7 @@ TEST_P(Generacion, EachDocumentGetsItsEntryLinesRecordLogRowAndStamp) {
 }
 
 TEST_P(Generacion, TheStampUsesTheOperationsFilterAndKey) {
+  const SentenciasUnaAUna unaAUna;
   Gasto("G-1", d3(), "10");
   Correr();
   const QStringList &s = emp->grabadora.sentencias;
@@ -430,6 +433,43 @@ TEST_P(Generacion, TwoHundredAndOneRulesEndTheRun) {
   } catch (const ErrorFatal &e) {
     EXPECT_TRUE(e.Mensaje().contains(QStringLiteral("200"))) << e.Mensaje().toStdString();
   }
+}
+
+TEST_P(Generacion, OnMariaDbTheWritesAfterTheHeaderGoInOneBlockAnEntry) {
+  if (emp->Motor() != 4)
+    GTEST_SKIP() << "only MariaDB runs blocks of statements";
+  Gasto("G-1", d3(), "10");
+  Gasto("G-2", d10(), "20");
+  Correr();
+  const QStringList bloques =
+      emp->grabadora.sentencias.filter(QRegularExpression(QStringLiteral("^BEGIN NOT ATOMIC ")));
+  ASSERT_EQ(bloques.size(), 2);
+  for (const QString &b : bloques) {
+    EXPECT_TRUE(b.contains(QStringLiteral("UPDATE tblFolios SET FOL_FOLIOS=")));
+    EXPECT_TRUE(b.contains(QStringLiteral("INSERT INTO tblPolizasRen ")));
+    EXPECT_TRUE(b.contains(QStringLiteral("IF EXISTS (SELECT COD_OPER FROM tblBitacoraPolizas ")));
+    EXPECT_TRUE(b.contains(QStringLiteral("IF EXISTS (SELECT * FROM tblMovimxPoliza ")));
+    EXPECT_TRUE(b.contains(QStringLiteral("UPDATE tblGastosEnc SET CONTAB=1 WHERE ")));
+  }
+  EXPECT_TRUE(
+      emp->grabadora.sentencias.filter(QStringLiteral("INSERT INTO tblMovimxPoliza")).size() == 2);
+  EXPECT_EQ(Filas(kContab), L({"G-1|1", "G-2|1"}));
+}
+
+TEST_P(Generacion, ALogRowRefusedByTheDatabaseIsDroppedEitherWay) {
+  if (emp->Motor() == 5)
+    Ejecutar("CREATE TRIGGER trgRechazo BEFORE INSERT ON tblBitacoraPolizas BEGIN SELECT "
+             "RAISE(ABORT, 'bitacora rechazada'); END");
+  else
+    Ejecutar("CREATE TRIGGER trgRechazo BEFORE INSERT ON tblBitacoraPolizas FOR EACH ROW SIGNAL "
+             "SQLSTATE '45000' SET MESSAGE_TEXT='bitacora rechazada'");
+  Gasto("G-1", d3(), "100");
+  Gasto("G-2", d10(), "1000");
+  EXPECT_EQ(Correr().polizas, 2);
+  Ejecutar("DROP TRIGGER trgRechazo");
+  EXPECT_TRUE(Filas(kBit).isEmpty());
+  EXPECT_EQ(Filas(kContab), L({"G-1|1", "G-2|1"}));
+  EXPECT_EQ(Filas(kRen).size(), 4);
 }
 
 TEST_P(Generacion, ALineRefusedByTheDatabaseStopsTheRunAtThatLineEitherWay) {
