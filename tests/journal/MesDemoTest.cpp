@@ -41,6 +41,34 @@ protected:
     return r.Campo(r.Campos().first()).Entero();
   }
 
+  // What a run of the month left: its tables, the statements it sent and its log.
+  struct Dejado {
+    QStringList tablas, sentencias;
+    QByteArray bitacora;
+  };
+  // A run of the month from the company as it stands: the first (vez 0) in a rehearsal
+  // that leaves nothing, so that the second starts from the same company.
+  Dejado Generar(int vez, bool memoria) {
+    Corrida corrida;
+    ArbolOperaciones arbol;
+    CargarCorrida(*emp, corrida, arbol);
+    Conexion &c = *corrida.Conexion;
+    if (vez == 0)
+      c.IniciarEnsayo();
+    OpcionesGeneracion o = opciones;
+    o.Memoria = memoria;
+    o.Resumen = emp->Ruta() + QStringLiteral("/mes_%1.txt").arg(vez);
+    emp->grabadora.sentencias.clear();
+    Conexion::InstalarGrabadora(&emp->grabadora);
+    EXPECT_TRUE(Generador(corrida, o).GenerarPolizas(arbol).hubo);
+    Conexion::InstalarGrabadora(nullptr);
+    Dejado d{diario::TodasLasTablas(c), emp->grabadora.sentencias, {}};
+    if (vez == 0)
+      c.TerminarEnsayo();
+    d.bitacora = LeerArchivo(o.Resumen);
+    return d;
+  }
+
   static inline const QDate kMes{2026, 10, 1};
   std::unique_ptr<EmpresaPrueba> emp;
   ConexionPtr con;
@@ -182,33 +210,12 @@ TEST_P(MesDemo, TheExportsMemoryAndBatchesChangeNoByteAndSendEachLookupOnce) {
 
 TEST_P(MesDemo, TheGenerationsMemoryChangesNoRowAndAsksEachReadOnlyLookupOnce) {
   FijarReloj(QDateTime(QDate(2026, 11, 2), QTime(9, 0)));
-  QStringList tablas[2], sentencias[2];
-  QByteArray bitacoras[2];
-  // Without the memory in a rehearsal that leaves nothing, then with it for real: the
-  // same company before each.
-  for (int memoria = 0; memoria < 2; ++memoria) {
-    Corrida corrida;
-    ArbolOperaciones arbol;
-    CargarCorrida(*emp, corrida, arbol);
-    Conexion &c = *corrida.Conexion;
-    if (memoria == 0)
-      c.IniciarEnsayo();
-    OpcionesGeneracion o = opciones;
-    o.Memoria = memoria == 1;
-    o.Resumen = emp->Ruta() + QStringLiteral("/mes_%1.txt").arg(memoria);
-    emp->grabadora.sentencias.clear();
-    Conexion::InstalarGrabadora(&emp->grabadora);
-    ASSERT_TRUE(Generador(corrida, o).GenerarPolizas(arbol).hubo);
-    Conexion::InstalarGrabadora(nullptr);
-    sentencias[memoria] = emp->grabadora.sentencias;
-    tablas[memoria] = diario::TodasLasTablas(c);
-    if (memoria == 0)
-      c.TerminarEnsayo();
-    bitacoras[memoria] = LeerArchivo(o.Resumen);
-  }
+  // Without the memory, then with it: the same company before each.
+  const Dejado sin = Generar(0, false);
+  const Dejado conMemoria = Generar(1, true);
   FijarReloj({});
-  EXPECT_EQ(tablas[1], tablas[0]);
-  EXPECT_EQ(bitacoras[1], bitacoras[0]);
+  EXPECT_EQ(conMemoria.tablas, sin.tablas);
+  EXPECT_EQ(conMemoria.bitacora, sin.bitacora);
   // The same statements, but for the repeats of the lookups of the tables the run only
   // reads, which the memory answers; tblFolios, written by the run, is asked every time.
   const QRegularExpression soloLectura(
@@ -216,7 +223,7 @@ TEST_P(MesDemo, TheGenerationsMemoryChangesNoRowAndAsksEachReadOnlyLookupOnce) {
   QStringList esperadas;
   QSet<QString> vistas;
   int ahorradas = 0;
-  for (const QString &s : sentencias[0]) {
+  for (const QString &s : sin.sentencias) {
     if (soloLectura.match(s).hasMatch() && !s.contains(QStringLiteral(" JOIN ")) &&
         vistas.contains(s)) {
       ++ahorradas;
@@ -225,44 +232,26 @@ TEST_P(MesDemo, TheGenerationsMemoryChangesNoRowAndAsksEachReadOnlyLookupOnce) {
     vistas.insert(s);
     esperadas << s;
   }
-  EXPECT_EQ(sentencias[1], esperadas);
+  EXPECT_EQ(conMemoria.sentencias, esperadas);
   EXPECT_GT(ahorradas, 100);
-  EXPECT_GT(sentencias[1].count(QStringLiteral("SELECT * FROM tblFolios WHERE COD_FOLIO='I';")),
-            100);
+  EXPECT_GT(
+      conMemoria.sentencias.count(QStringLiteral("SELECT * FROM tblFolios WHERE COD_FOLIO='I';")),
+      100);
 }
 
 TEST_P(MesDemo, TheMonthPostedInBatchesLeavesWhatItLeavesOneStatementAtATime) {
   FijarReloj(QDateTime(QDate(2026, 11, 2), QTime(9, 0)));
-  QStringList tablas[2];
-  QByteArray bitacoras[2];
-  int sentencias[2] = {0, 0};
-  // One statement at a time in a rehearsal that leaves nothing, then in batches for real:
-  // the same company before each.
-  for (int enLote = 0; enLote < 2; ++enLote) {
-    std::optional<SentenciasUnaAUna> unaAUna;
-    if (enLote == 0)
-      unaAUna.emplace();
-    Corrida corrida;
-    ArbolOperaciones arbol;
-    CargarCorrida(*emp, corrida, arbol);
-    Conexion &c = *corrida.Conexion;
-    if (enLote == 0)
-      c.IniciarEnsayo();
-    OpcionesGeneracion o = opciones;
-    o.Resumen = emp->Ruta() + QStringLiteral("/mes_%1.txt").arg(enLote);
-    emp->grabadora.sentencias.clear();
-    Conexion::InstalarGrabadora(&emp->grabadora);
-    ASSERT_TRUE(Generador(corrida, o).GenerarPolizas(arbol).hubo);
-    Conexion::InstalarGrabadora(nullptr);
-    sentencias[enLote] = static_cast<int>(emp->grabadora.sentencias.size());
-    tablas[enLote] = diario::TodasLasTablas(c);
-    if (enLote == 0)
-      c.TerminarEnsayo();
-    bitacoras[enLote] = LeerArchivo(o.Resumen);
+  // One statement at a time, then in batches: the same company before each.
+  Dejado unaAUna;
+  {
+    const SentenciasUnaAUna guarda;
+    unaAUna = Generar(0, true);
   }
+  const Dejado enLote = Generar(1, true);
   FijarReloj({});
-  EXPECT_EQ(tablas[1], tablas[0]);
-  EXPECT_EQ(bitacoras[1], bitacoras[0]);
-  EXPECT_GT(tablas[1].size(), 1000);
-  EXPECT_LT(sentencias[1] * 3, sentencias[0] * 2) << sentencias[1] << " " << sentencias[0];
+  EXPECT_EQ(enLote.tablas, unaAUna.tablas);
+  EXPECT_EQ(enLote.bitacora, unaAUna.bitacora);
+  EXPECT_GT(enLote.tablas.size(), 1000);
+  EXPECT_LT(enLote.sentencias.size() * 3, unaAUna.sentencias.size() * 2)
+      << enLote.sentencias.size() << " " << unaAUna.sentencias.size();
 }
