@@ -411,6 +411,40 @@ TEST_P(Conexiones, AForeseenStatementThatFailsLeavesTheQueryToFailAlone) {
   con->Prever({});
 }
 
+TEST_P(Conexiones, RowsOfShortColumnsAndOfALongOneComeBackWhole) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  const Dialecto &d = con->Dialecto();
+  // Short columns come a block of rows at a time; with a memo among them, a row at a time.
+  con->Ejecutar(QStringLiteral("CREATE TABLE tblPrueba (N %1, T %2, M %3, I %4)")
+                    .arg(d.TipoColumna(TipoDato::Entero, 0), d.TipoColumna(TipoDato::Texto, 20),
+                         d.TipoColumna(TipoDato::Memo, 0), d.TipoColumna(TipoDato::Dinero, 0)));
+  const QString largo = QString(3000, QLatin1Char('x')) + QStringLiteral("ñ");
+  con->IniciarTransaccion();
+  for (int n = 0; n < 700; ++n)
+    con->Ejecutar(QStringLiteral("INSERT INTO tblPrueba (N,T,M,I) VALUES (%1,'%2','%3',%4)")
+                      .arg(n)
+                      .arg(n % 7 == 0 ? QStringLiteral("año ñandú áéíóú ü") : QString::number(n),
+                           n == 350 ? largo : QStringLiteral("m"), QStringLiteral("%1.25").arg(n)));
+  con->ConfirmarTransaccion();
+  for (const char *columnas : {"N,T,I", "N,T,I,M"}) {
+    Registros r = con->Abrir(
+        QStringLiteral("SELECT %1 FROM tblPrueba ORDER BY N").arg(QLatin1String(columnas)));
+    int n = 0;
+    for (; !r.Fin(); r.Siguiente(), ++n) {
+      ASSERT_EQ(r.Campo(0).Entero(), n);
+      EXPECT_EQ(r.Campo(1).Texto(),
+                n % 7 == 0 ? QStringLiteral("año ñandú áéíóú ü") : QString::number(n));
+      EXPECT_EQ(r.Campo(2).ComoDinero(), Dinero::DeTexto(QStringLiteral("%1.25").arg(n)));
+      if (r.Campos().size() == 4) {
+        EXPECT_EQ(r.Campo(3).Texto(), n == 350 ? largo : QStringLiteral("m"));
+      }
+    }
+    EXPECT_EQ(n, 700);
+  }
+  con->Ejecutar(QStringLiteral("DROP TABLE tblPrueba"));
+}
+
 TEST_P(Conexiones, ATransactionUndoneBehindTheConnectionsBackIsNoLongerAlive) {
   EmpresaPrueba emp(GetParam());
   ConexionPtr con = emp.Abrir();
