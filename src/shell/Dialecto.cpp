@@ -163,3 +163,14 @@ QString Dialecto::TransaccionEnCurso() const {
     return {};
   }
 }
+
+QString Dialecto::IniciarTransaccion() const {
+  switch (motor_) {
+  case kSqlite:
+    return QStringLiteral("BEGIN IMMEDIATE");
+  case kMySql:
+    return QStringLiteral("START TRANSACTION");
+  default:
+    return {};
+  }
+}

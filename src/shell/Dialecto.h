@@ -41,9 +41,11 @@ public:
   // backslash becomes an ordinary character, as on the other engines, so that a value is
   // quoted only by doubling its apostrophes.
   QString AjusteSesion() const;
-  // Whether the engine's transactions are begun by statement (the embedded one, which
-  // takes its write lock at the start: "BEGIN IMMEDIATE") or through the driver.
-  bool TransaccionPorSentencia() const { return motor_ == kSqlite; }
+  // The statement that begins a transaction, or empty when the driver begins it. The
+  // embedded engine takes its write lock at the start ("BEGIN IMMEDIATE"); MySQL and
+  // MariaDB begin one in a single exchange, where the driver's way switches the
+  // connection's autocommit off and on again around it, an exchange each.
+  QString IniciarTransaccion() const;
   // The question of a server whether the connection's transaction still stands (one row,
   // one column, not 0 when it does), after a failed statement: a deadlock undoes the whole
   // transaction, not the statement alone. Empty for the embedded engine, which is asked

@@ -396,13 +396,20 @@ QSqlDatabase &Conexion::Base() {
 void Conexion::Transaccion(Paso paso) {
   QSqlDatabase &db = Base();
   // The embedded engine takes the write lock when the entry begins (IMMEDIATE), so a
-  // writer that comes later waits at the start rather than failing half way; the other
-  // engines go through their drivers' own transactions.
-  const QString texto = paso == Paso::Iniciar     ? QStringLiteral("BEGIN IMMEDIATE")
+  // writer that comes later waits at the start rather than failing half way; SQL Server
+  // goes through its driver's own transactions.
+  const QString inicio = dialecto_.IniciarTransaccion();
+  const QString texto = paso == Paso::Iniciar     ? inicio
                         : paso == Paso::Confirmar ? QStringLiteral("COMMIT")
                                                   : QStringLiteral("ROLLBACK");
   QSqlError error;
-  if (dialecto_.TransaccionPorSentencia()) {
+  if (!inicio.isEmpty() && Odbc()) {
+    QString falla;
+    if (!odbc::Cursor::Ejecutar(db, texto, &falla))
+      throw ErrorFatal(QStringLiteral("Error en la transacción: %1").arg(falla), texto);
+    return;
+  }
+  if (!inicio.isEmpty()) {
     QSqlQuery q(db);
     if (!q.exec(texto))
       error = q.lastError();
@@ -414,7 +421,8 @@ void Conexion::Transaccion(Paso paso) {
       error = db.lastError();
   }
   if (error.isValid())
-    throw ErrorFatal(QStringLiteral("Error en la transacción: %1").arg(TextoError(error)), texto);
+    throw ErrorFatal(QStringLiteral("Error en la transacción: %1").arg(TextoError(error)),
+                     texto.isEmpty() ? QStringLiteral("BEGIN TRANSACTION") : texto);
 }
 
 bool Conexion::TransaccionViva() {
