@@ -367,9 +367,7 @@ Conexion::~Conexion() {
 
 void Conexion::InstalarGrabadora(Grabadora *g) { gGrabadora = g; }
 
-bool Conexion::EnLote() {
-  return qEnvironmentVariableIntValue("ESCRIBANO_SENTENCIAS_UNA_A_UNA") != 1;
-}
+bool Conexion::EnLote() { return qEnvironmentVariableIntValue(kVariableUnaAUna) != 1; }
 
 void Conexion::CerrarAlTerminar(Fase fase) noexcept {
   try {

@@ -123,6 +123,9 @@ private:
   QString nombre_;
 };
 
+// The switch that sends every statement by itself: "1" in the environment.
+inline constexpr char kVariableUnaAUna[] = "ESCRIBANO_SENTENCIAS_UNA_A_UNA";
+
 // Keeps every statement text sent through any connection, in order, while installed.
 struct Grabadora {
   QStringList sentencias;
@@ -296,20 +299,20 @@ using ConexionPtr = std::unique_ptr<Conexion>;
 // One inside another leaves the switch as the outer one set it.
 class SentenciasUnaAUna {
 public:
-  SentenciasUnaAUna() : habia_(qEnvironmentVariableIsSet(kVariable)), antes_(qgetenv(kVariable)) {
-    qputenv(kVariable, "1");
+  SentenciasUnaAUna()
+      : habia_(qEnvironmentVariableIsSet(kVariableUnaAUna)), antes_(qgetenv(kVariableUnaAUna)) {
+    qputenv(kVariableUnaAUna, "1");
   }
   ~SentenciasUnaAUna() {
     if (habia_)
-      qputenv(kVariable, antes_);
+      qputenv(kVariableUnaAUna, antes_);
     else
-      qunsetenv(kVariable);
+      qunsetenv(kVariableUnaAUna);
   }
   SentenciasUnaAUna(const SentenciasUnaAUna &) = delete;
   SentenciasUnaAUna &operator=(const SentenciasUnaAUna &) = delete;
 
 private:
-  static constexpr const char *kVariable = "ESCRIBANO_SENTENCIAS_UNA_A_UNA";
   bool habia_;
   QByteArray antes_;
 };
