@@ -26,6 +26,8 @@ class Dialecto {
 public:
   explicit Dialecto(int motor) : motor_(motor) {}
   int Motor() const { return motor_; }
+  // MySQL or MariaDB, which a connection tells apart by asking the server.
+  bool EsMySql() const { return motor_ == kMySql; }
 
   // The date as a complete literal, delimiters included; a date the engine can't hold
   // ends the run with a message that says so.

@@ -536,7 +536,7 @@ QString Pieza(const QString &sql) {
 } // namespace
 
 QString Conexion::Bloque(const std::vector<Escritura> &escrituras) {
-  if (motor_ != 4 || !enTransaccion_)
+  if (!dialecto_.EsMySql() || !enTransaccion_)
     return {};
   if (!bloques_) {
     const std::unique_ptr<Registros> r =
