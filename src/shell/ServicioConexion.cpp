@@ -525,12 +525,13 @@ QSqlQuery Conexion::Preparar(const QString &sql) {
 
 namespace {
 
-// A statement as a piece of a block: without its ";", which the block puts back.
-QString Pieza(const QString &sql) {
+// A statement as a piece of another: without its ";", which a block puts back and a
+// query inside a query can't have.
+QStringView Pieza(const QString &sql) {
   QStringView pieza = QStringView(sql).trimmed();
   if (pieza.endsWith(u';'))
     pieza.chop(1);
-  return pieza.toString();
+  return pieza;
 }
 
 } // namespace
@@ -571,16 +572,20 @@ QString Conexion::Bloque(const std::vector<Escritura> &escrituras) {
   return bloque + QStringLiteral(" END");
 }
 
+bool Conexion::IntentarSinPerderTransaccion(const QString &sql) {
+  QString error;
+  if (IntentarEjecutar(sql, nullptr, &error))
+    return true;
+  if (!TransaccionViva())
+    throw FallaDeSentencia(sql, error);
+  return false;
+}
+
 void Conexion::EjecutarEscrituras(const std::vector<Escritura> &escrituras) {
   if (escrituras.size() > 1 && EnLote()) {
     const QString bloque = Bloque(escrituras);
-    if (!bloque.isEmpty()) {
-      QString error;
-      if (IntentarEjecutar(bloque, nullptr, &error))
-        return;
-      if (!TransaccionViva())
-        throw FallaDeSentencia(bloque, error);
-    }
+    if (!bloque.isEmpty() && IntentarSinPerderTransaccion(bloque))
+      return;
   }
   for (const Escritura &e : escrituras)
     EjecutarUnaAUna(e);
@@ -604,11 +609,8 @@ void Conexion::EjecutarUnaAUna(const Escritura &e) {
     Ejecutar(*ultima);
     return;
   }
-  QString error;
-  if (IntentarEjecutar(*ultima, nullptr, &error))
+  if (IntentarSinPerderTransaccion(*ultima))
     return;
-  if (!TransaccionViva())
-    throw FallaDeSentencia(*ultima, error);
   for (const QString &parte : e.porPartes)
     Ejecutar(parte);
 }
@@ -739,9 +741,7 @@ namespace {
 // A query that stands as a value or a table inside another: without its ";", and with no
 // second statement, grouping, order or union of its own. Nothing for any other.
 std::optional<QStringView> CuerpoSencillo(const QString &sql) {
-  QStringView cuerpo = QStringView(sql).trimmed();
-  if (cuerpo.endsWith(u';'))
-    cuerpo.chop(1);
+  const QStringView cuerpo = Pieza(sql);
   if (cuerpo.contains(u';'))
     return std::nullopt;
   for (const char16_t *clausula : {u" GROUP BY ", u" ORDER BY ", u" UNION ", u" HAVING "})

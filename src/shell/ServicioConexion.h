@@ -274,6 +274,9 @@ private:
   // statement to run.
   QString Bloque(const std::vector<Escritura> &escrituras);
   void EjecutarUnaAUna(const Escritura &e);
+  // A statement whose refusal is survived while the transaction stands: false then, so the
+  // caller goes another way; a refusal that took the transaction with it is fatal.
+  bool IntentarSinPerderTransaccion(const QString &sql);
   // Whether the server runs blocks of statements: asked of it once.
   std::optional<bool> bloques_;
   Previsor previsor_;
