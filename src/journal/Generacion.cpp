@@ -26,6 +26,8 @@ constexpr int kIntentosMaximos = 70;
 // An insertion that keeps failing on a free folio would loop for ever; after this many
 // failures the run ends instead, leaving the counter as it was.
 constexpr int kFallasInsercion = 1000;
+// The records and stamps of a hundred documents of a day go in one block.
+constexpr std::size_t kEscriturasPorLote = 200;
 
 } // namespace
 
@@ -342,6 +344,7 @@ bool Generador::PostearPorDia(int n) {
   QString folio;
   bool hayPoliza = false;
   int hechos = 0;
+  std::vector<Conexion::Escritura> delDia; // the records of the day's documents not yet sent
   if (!c_.Documentos.Vacio())
     c_.Documentos.Primero();
   while (!c_.Documentos.Fin()) {
@@ -353,6 +356,7 @@ bool Generador::PostearPorDia(int n) {
     if (doc.FECHA_DOCTO > fechaActual) {
       // A new day: the first document decides for all of it. The day before is
       // confirmed whole, its entry and the records of all its documents, before its log.
+      EscribirDelDia(delDia);
       c_.Conexion->ConfirmarTransaccion();
       if (hayPoliza)
         bitacora_.EscribirPoliza(*c_.Conexion, folio, regla);
@@ -414,14 +418,17 @@ bool Generador::PostearPorDia(int n) {
     Documento &actual = c_.Documentos.Actual();
     actual.CONTABILIZADO = true;
     if (hayPoliza) {
-      std::vector<Conexion::Escritura> pasos;
       GrabarMovimiento(
           folio, op_.DefinirFecha ? QDateTime(op_.FechaDefinida, QTime(0, 0)) : c_.FechaDocumento,
-          pasos);
-      c_.Conexion->EjecutarEscrituras(pasos);
+          delDia);
+      // The documents of a day ask nothing until the next day begins: in batches their
+      // records go together, a hundred documents at most, and before the day is confirmed.
+      if (!Conexion::EnLote() || delDia.size() >= kEscriturasPorLote)
+        EscribirDelDia(delDia);
     }
     c_.Documentos.Siguiente();
   }
+  EscribirDelDia(delDia);
   c_.Conexion->ConfirmarTransaccion();
   if (hayPoliza)
     bitacora_.EscribirPoliza(*c_.Conexion, folio, regla);
@@ -429,6 +436,13 @@ bool Generador::PostearPorDia(int n) {
 }
 
 // ------------------------------------------------------------------ persistence
+
+void Generador::EscribirDelDia(std::vector<Conexion::Escritura> &pasos) {
+  if (pasos.empty())
+    return;
+  c_.Conexion->EjecutarEscrituras(pasos);
+  pasos.clear();
+}
 
 QString Generador::RehacerPoliza(const Documento &doc) {
   c_.FechaAnterior = doc.FECHA_CONTAB;

@@ -87,6 +87,8 @@ public:
 
 private:
   QString Fecha(const QDateTime &f) const;
+  // Sends the writes of the day's documents gathered so far, and forgets them.
+  void EscribirDelDia(std::vector<Conexion::Escritura> &pasos);
   void Avisar(int documento);
   // Asks `detener` once the entry in work is written; remembers a yes.
   bool Detenida();

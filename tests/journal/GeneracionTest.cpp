@@ -456,6 +456,27 @@ TEST_P(Generacion, OnMariaDbTheWritesAfterTheHeaderGoInOneBlockAnEntry) {
   EXPECT_EQ(Filas(kContab), L({"G-1|1", "G-2|1"}));
 }
 
+TEST_P(Generacion, OnMariaDbTheRecordsOfADaysDocumentsGoInOneBlockADay) {
+  if (emp->Motor() != 4)
+    GTEST_SKIP() << "only MariaDB runs blocks of statements";
+  // A hundred documents a block at most.
+  Regla(frec::kPorDia);
+  for (int i = 1; i <= 101; ++i)
+    Gasto(QStringLiteral("G-%1").arg(i).toLatin1().constData(), d3(), "100");
+  Gasto("G-200", d10(), "20");
+  Correr();
+  const QStringList bloques =
+      emp->grabadora.sentencias.filter(QRegularExpression(QStringLiteral("^BEGIN NOT ATOMIC ")))
+          .filter(QStringLiteral("INSERT INTO tblMovimxPoliza"));
+  ASSERT_EQ(bloques.size(), 3);
+  EXPECT_EQ(bloques[0].count(QStringLiteral("INSERT INTO tblMovimxPoliza")), 100);
+  EXPECT_EQ(bloques[0].count(QStringLiteral("UPDATE tblGastosEnc SET CONTAB=1 WHERE ")), 100);
+  EXPECT_EQ(bloques[1].count(QStringLiteral("INSERT INTO tblMovimxPoliza")), 1);
+  EXPECT_EQ(bloques[2].count(QStringLiteral("INSERT INTO tblMovimxPoliza")), 1);
+  EXPECT_EQ(Filas(kMov).size(), 102);
+  EXPECT_EQ(Filas(kContab).filter(QStringLiteral("|1")).size(), 102);
+}
+
 TEST_P(Generacion, ALogRowRefusedByTheDatabaseIsDroppedEitherWay) {
   if (emp->Motor() == 5)
     Ejecutar("CREATE TRIGGER trgRechazo BEFORE INSERT ON tblBitacoraPolizas BEGIN SELECT "
