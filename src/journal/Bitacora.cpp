@@ -150,10 +150,19 @@ void Bitacora::EscribirLinea(const QString &linea) {
   }
 }
 
+QStringList Bitacora::LecturasDePoliza(const QString &folio, const ConceptoRegla &regla) {
+  return {u"SELECT * FROM tblPolizasEnc WHERE FOL_POLIZA='"_s % Escapar(folio) %
+              u"' AND TIP_POLIZA='"_s % Escapar(regla.TipPoliza) % u"'"_s,
+          u"SELECT * FROM tblPolizasRen WHERE FOL_POLIZA='"_s % Escapar(folio) %
+              u"' AND TIP_POLIZA='"_s % Escapar(regla.TipPoliza) % u"'"_s,
+          u"SELECT FECHA_MOV FROM tblMovimxPoliza WHERE FOLIO_POLIZA='"_s % Escapar(folio) %
+              u"' AND COD_OPER="_s % QString::number(regla.CodOper) %
+              u" ORDER BY FECHA_MOV DESC;"_s};
+}
+
 void Bitacora::EscribirPoliza(Conexion &con, const QString &folio, const ConceptoRegla &regla) {
-  Registros enc = con.Abrir(
-      QStringLiteral("SELECT * FROM tblPolizasEnc WHERE FOL_POLIZA='%1' AND TIP_POLIZA='%2'")
-          .arg(Escapar(folio), Escapar(regla.TipPoliza)));
+  const QStringList lecturas = LecturasDePoliza(folio, regla);
+  Registros enc = con.Abrir(lecturas[0]);
   if (enc.Vacio()) {
     EscribirLinea(QStringLiteral("1") +
                   QStringLiteral(" NO SE GENERARON RENGLONES PARA LA PÓLIZA: ") + folio);
@@ -161,13 +170,9 @@ void Bitacora::EscribirPoliza(Conexion &con, const QString &folio, const Concept
     const QDate fechaPol = enc.Campo(QStringLiteral("FEC_POLIZA")).Fecha();
     const QString tipo = enc.Campo(QStringLiteral("TIP_POLIZA")).Texto();
     EscribirLinea(Encabezado());
-    Registros ren = con.Abrir(
-        QStringLiteral("SELECT * FROM tblPolizasRen WHERE FOL_POLIZA='%1' AND TIP_POLIZA='%2'")
-            .arg(Escapar(folio), Escapar(regla.TipPoliza)));
+    Registros ren = con.Abrir(lecturas[1]);
     // The same question for every line of the entry: the text is made once.
-    const QString ultimaFecha = u"SELECT FECHA_MOV FROM tblMovimxPoliza WHERE FOLIO_POLIZA='"_s %
-                                Escapar(folio) % u"' AND COD_OPER="_s %
-                                QString::number(regla.CodOper) % u" ORDER BY FECHA_MOV DESC;"_s;
+    const QString &ultimaFecha = lecturas[2];
     // The columns that every line of the entry repeats, each behind its two blanks.
     const QLatin1String separador("  ");
     QString comunes;

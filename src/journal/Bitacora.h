@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QString>
+#include <QStringList>
 #include <memory>
 
 class Conexion;
@@ -39,6 +40,8 @@ public:
   void EscribirLinea(const QString &linea);
   // The table of an entry of the rule: heading and one line for each of its lines.
   void EscribirPoliza(Conexion &con, const QString &folio, const ConceptoRegla &regla);
+  // What EscribirPoliza reads of the entry, in its order: header, lines, last document date.
+  static QStringList LecturasDePoliza(const QString &folio, const ConceptoRegla &regla);
   void CerrarBitacora();
   bool Abierta() const { return archivo_ != nullptr; }
 

@@ -356,8 +356,7 @@ bool Generador::PostearPorDia(int n) {
     if (doc.FECHA_DOCTO > fechaActual) {
       // A new day: the first document decides for all of it. The day before is
       // confirmed whole, its entry and the records of all its documents, before its log.
-      EscribirDelDia(delDia);
-      c_.Conexion->ConfirmarTransaccion();
+      ConfirmarDia(delDia, hayPoliza ? folio : QString());
       if (hayPoliza)
         bitacora_.EscribirPoliza(*c_.Conexion, folio, regla);
       // The day before is whole: a stop asked for during it takes effect here.
@@ -428,8 +427,7 @@ bool Generador::PostearPorDia(int n) {
     }
     c_.Documentos.Siguiente();
   }
-  EscribirDelDia(delDia);
-  c_.Conexion->ConfirmarTransaccion();
+  ConfirmarDia(delDia, hayPoliza ? folio : QString());
   if (hayPoliza)
     bitacora_.EscribirPoliza(*c_.Conexion, folio, regla);
   return hayPoliza;
@@ -438,9 +436,14 @@ bool Generador::PostearPorDia(int n) {
 // ------------------------------------------------------------------ persistence
 
 void Generador::EscribirDelDia(std::vector<Conexion::Escritura> &pasos) {
-  if (pasos.empty())
-    return;
   c_.Conexion->EjecutarEscrituras(pasos);
+  pasos.clear();
+}
+
+void Generador::ConfirmarDia(std::vector<Conexion::Escritura> &pasos, const QString &folio) {
+  // With the confirmation go the reads of the day's log, where the server takes them.
+  c_.Conexion->ConfirmarConEscrituras(
+      pasos, folio.isEmpty() ? QStringList() : Bitacora::LecturasDePoliza(folio, c_.Concepto()));
   pasos.clear();
 }
 
@@ -496,11 +499,55 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
   p.IMPANT_HABER = c_.ImporteAntHaber;
   p.SUM_DEBE = c_.SumaDebe;
   p.SUM_HABER = c_.SumaHaber;
+  const bool porDocumento = regla.Frec == frec::kPorDocumento;
+  const auto contador = contadores_.constFind(regla.TipPoliza);
+  const QString contadorIdentico =
+      contador == contadores_.constEnd() || doc.ESTA_CONTAB || !con.EnBloques()
+          ? QString()
+          : con.Dialecto().TextoIdentico(u"FOL_FOLIOS"_s,
+                                         {*contador, QString::number(contador->toLongLong())});
+  if (!contadorIdentico.isEmpty()) {
+    // The run wrote the counter last: the folio that follows is known before it is read.
+    // The entry goes in one exchange when the counter still holds it (as text, or as the
+    // number a folio is read as) and the folio is free; otherwise it goes the long way,
+    // reading the counter. By day the transaction stays open for the day's documents.
+    const QString folio = FormatoFolio(contador->toLongLong() + 1);
+    p.FEC_ANTERIOR = fecha.date();
+    p.FOL_POLIZA = folio;
+    p.CONCEP_POL = regla.DesConcepto.trimmed();
+    p.ESTATUS = 1;
+    const QString tipo = Escapar(regla.TipPoliza);
+    const QString deTipo = u"SELECT * FROM tblFolios WHERE COD_FOLIO='"_s % tipo % u"'"_s;
+    const QStringList condiciones = {u"EXISTS ("_s % deTipo % u")"_s,
+                                     u"NOT EXISTS ("_s % deTipo %
+                                         u" AND (FOL_FOLIOS IS NULL OR NOT "_s % contadorIdentico %
+                                         u"))"_s,
+                                     u"NOT EXISTS ("_s % existe(folio).chopped(1) % u")"_s};
+    std::vector<Conexion::Escritura> pasos;
+    pasos.push_back(Conexion::Escritura::Sola(SentenciaInsertarPoliza(p, con.Dialecto())));
+    pasos.push_back(Conexion::Escritura::Sola(guardarFolio(folio)));
+    GrabarRenglones(folio, pasos);
+    GrabarBitacora(folio, fecha, pasos);
+    if (porDocumento)
+      GrabarMovimiento(folio, fecha, pasos);
+    const bool grabada =
+        porDocumento
+            ? con.ConfirmarEnUnBloque(condiciones, pasos, Bitacora::LecturasDePoliza(folio, regla))
+            : con.IniciarEnUnBloque(condiciones, pasos);
+    if (grabada) {
+      ++polizas_;
+      escritas_.emplace_back(regla.TipPoliza, folio);
+      contadores_.insert(regla.TipPoliza, folio);
+      if (porDocumento)
+        bitacora_.EscribirPoliza(con, folio, regla);
+      return folio;
+    }
+  }
   QString folio;
   // By document the entry is confirmed here; by day, with the last document of its day.
   con.IniciarTransaccion();
-  const bool porDocumento = regla.Frec == frec::kPorDocumento;
   if (!doc.ESTA_CONTAB) {
+    contadores_.remove(regla.TipPoliza);
     p.FEC_ANTERIOR = fecha.date();
     folio = SiguienteFolio(c_.ConceptoActual);
     int afectados = 0;
@@ -566,6 +613,8 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
   if (porDocumento)
     GrabarMovimiento(folio, fecha, pasos);
   con.EjecutarEscrituras(pasos);
+  if (!doc.ESTA_CONTAB)
+    contadores_.insert(regla.TipPoliza, folio);
   if (porDocumento) {
     con.ConfirmarTransaccion();
     bitacora_.EscribirPoliza(con, folio, regla);

@@ -5,6 +5,7 @@
 #include "shell/ServicioConexion.h"
 
 #include <QDateTime>
+#include <QHash>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -89,6 +90,8 @@ private:
   QString Fecha(const QDateTime &f) const;
   // Sends the writes of the day's documents gathered so far, and forgets them.
   void EscribirDelDia(std::vector<Conexion::Escritura> &pasos);
+  // The same, then the day confirmed; `folio`, the day's entry when it has one.
+  void ConfirmarDia(std::vector<Conexion::Escritura> &pasos, const QString &folio);
   void Avisar(int documento);
   // Asks `detener` once the entry in work is written; remembers a yes.
   bool Detenida();
@@ -99,6 +102,8 @@ private:
   AvanceGeneracion estado_;
   int polizas_ = 0;
   std::vector<std::pair<QString, QString>> escritas_;
+  // The folio this run last wrote to the counter of each journal type.
+  QHash<QString, QString> contadores_;
   bool detenida_ = false;
 };
 

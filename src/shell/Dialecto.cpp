@@ -1,6 +1,7 @@
 #include "shell/Dialecto.h"
 
 #include "shell/ErrorFatal.h"
+#include "shell/ServicioUtil.h"
 
 namespace {
 
@@ -162,6 +163,16 @@ QString Dialecto::TransaccionEnCurso() const {
   default:
     return {};
   }
+}
+
+QString Dialecto::TextoIdentico(const QString &expresion, const QStringList &textos) const {
+  if (motor_ != kMySql)
+    return {};
+  QStringList literales;
+  for (const QString &t : textos)
+    literales << QLatin1Char('\'') + Escapar(t) + QLatin1Char('\'');
+  return QStringLiteral("BINARY CAST(%1 AS CHAR) IN (%2)")
+      .arg(expresion, literales.join(QLatin1Char(',')));
 }
 
 QString Dialecto::IniciarTransaccion() const {

@@ -3,6 +3,7 @@
 #include <QDate>
 #include <QDateTime>
 #include <QString>
+#include <QStringList>
 
 // Kinds of column the family's tables use, as the builder asks for them.
 enum class TipoDato {
@@ -53,6 +54,10 @@ public:
   // transaction, not the statement alone. Empty for the embedded engine, which is asked
   // by beginning one.
   QString TransaccionEnCurso() const;
+  // The truth that a value, as text, is byte for byte one of the texts (no padding, case
+  // or collation): on MySQL and MariaDB, the engines whose journal entry goes in one
+  // block; empty on the others.
+  QString TextoIdentico(const QString &expresion, const QStringList &textos) const;
   // The server's lock named after the company database for a kind of work: the statement
   // that asks for it (columns TOMADO, 1 when taken, and NOMBRE) and the one that gives it
   // back. Not for the embedded engine, whose lock is a file beside the database.

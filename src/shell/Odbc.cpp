@@ -75,27 +75,56 @@ std::unique_ptr<Cursor> Cursor::Ejecutar(const QSqlDatabase &base, const QString
       *error = Diagnostico(SQL_HANDLE_STMT, h);
     return nullptr;
   }
-  SQLSMALLINT columnas = 0;
-  SQLNumResultCols(h, &columnas);
-  std::vector<unsigned long long> tamanos;
-  for (SQLUSMALLINT i = 1; i <= columnas; ++i) {
-    SQLWCHAR nombre[256] = {};
-    SQLSMALLINT largo = 0, tipo = 0, decimales = 0, nulo = 0;
-    SQLULEN tamano = 0;
-    SQLDescribeColW(h, i, nombre, 256, &largo, &tipo, &tamano, &decimales, &nulo);
-    c->nombres_ << QString::fromUtf16(reinterpret_cast<const char16_t *>(nombre),
-                                      qMin<qsizetype>(largo, 255));
-    c->tipos_.push_back(tipo);
-    tamanos.push_back(tamano);
-  }
-  if (columnas > 0)
-    c->enBloque_ = c->Enlazar(tamanos);
+  const SQLSMALLINT columnas = c->Describir();
   if (afectados) {
     SQLLEN filas = 0;
     *afectados =
         (columnas == 0 && SQL_SUCCEEDED(SQLRowCount(h, &filas))) ? static_cast<int>(filas) : 0;
   }
   return c;
+}
+
+SQLSMALLINT Cursor::Describir() {
+  SQLSMALLINT columnas = 0;
+  SQLNumResultCols(h_, &columnas);
+  std::vector<unsigned long long> tamanos;
+  for (SQLUSMALLINT i = 1; i <= columnas; ++i) {
+    SQLWCHAR nombre[256] = {};
+    SQLSMALLINT largo = 0, tipo = 0, decimales = 0, nulo = 0;
+    SQLULEN tamano = 0;
+    SQLDescribeColW(h_, i, nombre, 256, &largo, &tipo, &tamano, &decimales, &nulo);
+    nombres_ << QString::fromUtf16(reinterpret_cast<const char16_t *>(nombre),
+                                   qMin<qsizetype>(largo, 255));
+    tipos_.push_back(tipo);
+    tamanos.push_back(tamano);
+  }
+  if (columnas > 0)
+    enBloque_ = Enlazar(tamanos);
+  return columnas;
+}
+
+bool Cursor::SiguienteResultado(QString *error) {
+  // The buffers of the result before go with it.
+  SQLFreeStmt(h_, SQL_UNBIND);
+  SQLSetStmtAttr(h_, SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(1), 0);
+  nombres_.clear();
+  tipos_.clear();
+  textos_.clear();
+  largos_.clear();
+  anchos_.clear();
+  obtenidas_ = 0;
+  fila_ = 0;
+  enBloque_ = false;
+  const SQLRETURN r = SQLMoreResults(h_);
+  if (r == SQL_NO_DATA)
+    return false;
+  if (!SQL_SUCCEEDED(r)) {
+    if (error)
+      *error = Diagnostico(SQL_HANDLE_STMT, h_);
+    return false;
+  }
+  Describir();
+  return true;
 }
 
 bool Cursor::Enlazar(const std::vector<unsigned long long> &tamanos) {

@@ -27,6 +27,10 @@ public:
   static std::unique_ptr<Cursor> Ejecutar(const QSqlDatabase &base, const QString &sql,
                                           QString *error, int *afectados = nullptr);
 
+  // On to the next result of a text of several statements, its rows from the first: false
+  // after the last one, or on a failure, with the driver's words in *error.
+  bool SiguienteResultado(QString *error);
+
   bool DaFilas() const { return !nombres_.isEmpty(); }
   const QStringList &Nombres() const { return nombres_; }
   // The next row; false after the last one. A failure to read is fatal.
@@ -37,6 +41,8 @@ public:
 
 private:
   explicit Cursor(void *sentencia) : h_(sentencia) {}
+  // Reads the columns of the result in hand and binds them; gives how many there are.
+  short Describir();
   // Binds every column to a buffer of rows, so that a fetch brings a block of them; false
   // when a column is too long to bind (a memo), and the rows then come one at a time.
   bool Enlazar(const std::vector<unsigned long long> &tamanos);

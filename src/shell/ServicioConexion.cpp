@@ -25,6 +25,8 @@
 
 namespace {
 Grabadora *gGrabadora = nullptr;
+// The one-column result by which a block tells that its writes went through.
+constexpr char kMarcaHecho[] = "ESCRITURAS_HECHAS";
 // Milliseconds that a statement on the embedded engine waits for another writer.
 constexpr int kEsperaOcupada = 30000;
 std::atomic<int> gSiguienteNombre{0};
@@ -392,6 +394,7 @@ QSqlDatabase &Conexion::Base() {
 }
 
 void Conexion::Transaccion(Paso paso) {
+  adelantadas_.clear();
   QSqlDatabase &db = Base();
   // The embedded engine takes the write lock when the entry begins (IMMEDIATE), so a
   // writer that comes later waits at the start rather than failing half way; SQL Server
@@ -536,9 +539,9 @@ QStringView Pieza(const QString &sql) {
 
 } // namespace
 
-QString Conexion::Bloque(const std::vector<Escritura> &escrituras) {
-  if (!dialecto_.EsMySql() || !enTransaccion_)
-    return {};
+bool Conexion::Bloques() {
+  if (!dialecto_.EsMySql() || !Odbc())
+    return false;
   if (!bloques_) {
     const std::unique_ptr<Registros> r =
         AbrirSinGrabar(QStringLiteral("SELECT VERSION()"), nullptr);
@@ -546,12 +549,11 @@ QString Conexion::Bloque(const std::vector<Escritura> &escrituras) {
         r && !r->Vacio() &&
         Valor::Texto(r->Variante(0)).contains(QStringLiteral("MariaDB"), Qt::CaseInsensitive);
   }
-  if (!*bloques_)
-    return {};
-  // A failure anywhere undoes the block's writes and goes on to the caller.
-  QString bloque = QStringLiteral("BEGIN NOT ATOMIC DECLARE EXIT HANDLER FOR SQLEXCEPTION BEGIN "
-                                  "ROLLBACK TO SAVEPOINT escrituras; RESIGNAL; END; SAVEPOINT "
-                                  "escrituras;");
+  return *bloques_;
+}
+
+std::optional<QString> Conexion::Sentencias(const std::vector<Escritura> &escrituras) {
+  QString texto;
   const auto ultima = [](const QString &sql, bool intentar) -> QString {
     return intentar
                ? QStringLiteral(" BEGIN DECLARE CONTINUE HANDLER FOR SQLEXCEPTION BEGIN END; ") %
@@ -560,16 +562,112 @@ QString Conexion::Bloque(const std::vector<Escritura> &escrituras) {
   };
   for (const Escritura &e : escrituras) {
     if (Pieza(e.sql).isEmpty() || (!e.consulta.isEmpty() && Pieza(e.otra).isEmpty()))
-      return {};
+      return std::nullopt;
     if (e.consulta.isEmpty()) {
-      bloque += ultima(e.sql, e.intentar);
+      texto += ultima(e.sql, e.intentar);
       continue;
     }
-    bloque += QStringLiteral(" IF EXISTS (") % Pieza(e.consulta) % QStringLiteral(") THEN ") %
-              Pieza(e.sql) % QStringLiteral("; ELSE") % ultima(e.otra, e.intentar) %
-              QStringLiteral(" END IF;");
+    texto += QStringLiteral(" IF EXISTS (") % Pieza(e.consulta) % QStringLiteral(") THEN ") %
+             Pieza(e.sql) % QStringLiteral("; ELSE") % ultima(e.otra, e.intentar) %
+             QStringLiteral(" END IF;");
   }
-  return bloque + QStringLiteral(" END");
+  return texto;
+}
+
+bool Conexion::EnviarTramo(bool inicia, const QStringList &condiciones,
+                           const std::vector<Escritura> &escrituras, bool confirma,
+                           const QStringList &lecturas) {
+  // A rehearsal confirms nothing: its transaction is undone whole at its end.
+  if (inicia == enTransaccion_ || (confirma && ensayo_) || !EnBloques())
+    return false;
+  const std::optional<QString> sentencias = Sentencias(escrituras);
+  if (!sentencias)
+    return false;
+  QString bloque = QStringLiteral("BEGIN NOT ATOMIC");
+  if (inicia) {
+    // A failure anywhere leaves the transaction to be undone whole.
+    bloque += QStringLiteral(" START TRANSACTION;");
+    if (!condiciones.isEmpty())
+      bloque += QStringLiteral(" IF NOT COALESCE((") % condiciones.join(QStringLiteral(") AND (")) %
+                QStringLiteral("), FALSE) THEN SIGNAL SQLSTATE '45000' SET MESSAGE_TEXT = "
+                               "'condiciones de la escritura'; END IF;");
+    bloque += *sentencias;
+    if (confirma)
+      bloque += QStringLiteral(" COMMIT;");
+  } else {
+    // A failure anywhere undoes the block's writes and leaves the transaction standing.
+    bloque += QStringLiteral(" BEGIN DECLARE EXIT HANDLER FOR SQLEXCEPTION BEGIN ROLLBACK TO "
+                             "SAVEPOINT escrituras; RESIGNAL; END; SAVEPOINT escrituras;") %
+              *sentencias % (confirma ? QStringLiteral(" COMMIT;") : QString()) %
+              QStringLiteral(" END;");
+  }
+  // The mark tells the writes done from a failure before them; the reads come after it.
+  bloque += QStringLiteral(" SELECT 1 AS ") % QLatin1String(kMarcaHecho) % QStringLiteral(";");
+  for (const QString &lectura : lecturas)
+    bloque += QStringLiteral(" ") % Pieza(lectura) % QStringLiteral(";");
+  bloque += QStringLiteral(" END");
+
+  Falla().AntesDeEscribir();
+  adelantadas_.clear();
+  Grabar(bloque);
+  QString error;
+  std::unique_ptr<odbc::Cursor> c = odbc::Cursor::Ejecutar(base_, bloque, &error);
+  bool hecho = false;
+  for (bool hay = c != nullptr; hay; hay = c->SiguienteResultado(&error)) {
+    hecho = c->Nombres() == QStringList{QLatin1String(kMarcaHecho)};
+    if (hecho)
+      break;
+  }
+  if (!hecho) {
+    c.reset();
+    if (inicia) {
+      enTransaccion_ = true;
+      DeshacerTransaccion();
+      return false;
+    }
+    if (!TransaccionViva())
+      throw FallaDeSentencia(bloque, error);
+    return false;
+  }
+  enTransaccion_ = !confirma;
+  // Each read's rows wait for a query of its text; one that failed is asked alone.
+  try {
+    for (const QString &lectura : lecturas) {
+      if (!c->SiguienteResultado(nullptr))
+        break;
+      auto leidas = std::make_shared<Registros::Leidas>();
+      leidas->nombres = c->Nombres();
+      while (c->Siguiente()) {
+        std::vector<QVariant> fila;
+        for (int i = 0; i < leidas->nombres.size(); ++i)
+          fila.push_back(c->Valor(i));
+        leidas->filas.push_back(std::move(fila));
+      }
+      adelantadas_.insert(lectura, std::move(leidas));
+    }
+  } catch (const ErrorFatal &) {
+    // The rows of that read are asked again alone.
+  }
+  return true;
+}
+
+bool Conexion::ConfirmarEnUnBloque(const QStringList &condiciones,
+                                   const std::vector<Escritura> &escrituras,
+                                   const QStringList &lecturas) {
+  return EnviarTramo(true, condiciones, escrituras, true, lecturas);
+}
+
+bool Conexion::IniciarEnUnBloque(const QStringList &condiciones,
+                                 const std::vector<Escritura> &escrituras) {
+  return EnviarTramo(true, condiciones, escrituras, false, {});
+}
+
+void Conexion::ConfirmarConEscrituras(const std::vector<Escritura> &escrituras,
+                                      const QStringList &lecturas) {
+  if (EnviarTramo(false, {}, escrituras, true, lecturas))
+    return;
+  EjecutarEscrituras(escrituras);
+  ConfirmarTransaccion();
 }
 
 bool Conexion::IntentarSinPerderTransaccion(const QString &sql) {
@@ -582,11 +680,8 @@ bool Conexion::IntentarSinPerderTransaccion(const QString &sql) {
 }
 
 void Conexion::EjecutarEscrituras(const std::vector<Escritura> &escrituras) {
-  if (escrituras.size() > 1 && EnLote()) {
-    const QString bloque = Bloque(escrituras);
-    if (!bloque.isEmpty() && IntentarSinPerderTransaccion(bloque))
-      return;
-  }
+  if (escrituras.size() > 1 && EnviarTramo(false, {}, escrituras, false, {}))
+    return;
   for (const Escritura &e : escrituras)
     EjecutarUnaAUna(e);
 }
@@ -629,6 +724,7 @@ int Conexion::Ejecutar(const QString &sql) {
 
 bool Conexion::IntentarEjecutar(const QString &sql, int *afectados, QString *error) {
   Falla().AntesDeEscribir();
+  adelantadas_.clear();
   if (Odbc()) {
     Grabar(sql);
     return odbc::Cursor::Ejecutar(base_, sql, error, afectados) != nullptr;
@@ -698,6 +794,14 @@ std::unique_ptr<Registros> Conexion::IntentarAbrir(const QString &sql, QString *
     const auto hallada = lecturas_.constFind(sql);
     if (hallada != lecturas_.constEnd())
       return std::make_unique<Registros>(*hallada, sql);
+  }
+  if (!adelantadas_.isEmpty()) {
+    const auto adelantada = adelantadas_.constFind(sql);
+    if (adelantada != adelantadas_.constEnd()) {
+      auto r = std::make_unique<Registros>(*adelantada, sql);
+      adelantadas_.erase(adelantada);
+      return r;
+    }
   }
   if (!previstas_.isEmpty()) {
     const auto prevista = previstas_.constFind(sql);

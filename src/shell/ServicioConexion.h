@@ -178,6 +178,27 @@ public:
   // statement at a time, and whatever fails then fails as it always did. Elsewhere they go
   // a statement at a time.
   void EjecutarEscrituras(const std::vector<Escritura> &escrituras);
+  // Whether the run is in batches on a server that runs blocks of statements (MariaDB,
+  // which is asked once).
+  bool EnBloques() { return EnLote() && Bloques(); }
+  // A transaction, or its beginning or its end, in one exchange, on a server that runs
+  // blocks (MariaDB) and in batches; false when nothing was sent. Reads sent with a
+  // confirmation are read after it: their rows wait for a query of the same text, each
+  // given once, until the next write or transaction, and a read that failed in the block
+  // is asked alone when it comes.
+  // The whole transaction, with no transaction open: it begins, the writes go when every
+  // condition (an SQL truth) holds, and it is confirmed. True when it was; false when a
+  // condition failed or the server refused anything, and then nothing of it stands, no
+  // transaction is open, and the caller goes the long way.
+  bool ConfirmarEnUnBloque(const QStringList &condiciones, const std::vector<Escritura> &escrituras,
+                           const QStringList &lecturas);
+  // The same, the transaction left open after the writes.
+  bool IniciarEnUnBloque(const QStringList &condiciones, const std::vector<Escritura> &escrituras);
+  // The last writes of the transaction in course, then its confirmation: together where
+  // the server runs blocks, otherwise as EjecutarEscrituras and ConfirmarTransaccion, the
+  // reads left to be asked when they come.
+  void ConfirmarConEscrituras(const std::vector<Escritura> &escrituras,
+                              const QStringList &lecturas);
   // The end of the process that Ejecutar raises for a statement that failed so.
   static ErrorFatal FallaDeSentencia(const QString &sql, const QString &error);
   // The same under a local handler: false on failure, the error text in *error.
@@ -270,15 +291,27 @@ private:
   // when sql is no single total, nothing is expected, or the statement fails.
   std::unique_ptr<Registros> AbrirConPrevistas(const QString &sql);
   std::unique_ptr<Registros> AbrirDirecto(const QString &sql, QString *error);
-  // The block of a step's writes, or nothing when the server runs none or a write has no
-  // statement to run.
-  QString Bloque(const std::vector<Escritura> &escrituras);
+  // Whether the server runs blocks of statements: asked of it once.
+  bool Bloques();
+  // The statements of a block that run the writes in order, or nothing when a write has
+  // no statement to run.
+  static std::optional<QString> Sentencias(const std::vector<Escritura> &escrituras);
+  // One block on a server that runs them: the transaction begun (`inicia`, with none open;
+  // it goes on only when the conditions hold) or the one in course carried on, the writes,
+  // the confirmation (`confirma`), then the reads. False when nothing was sent, or when it
+  // failed: begun by it, the transaction is undone; carried on, the block's writes are
+  // undone and the transaction stands, or the failure is fatal when it took the
+  // transaction with it.
+  bool EnviarTramo(bool inicia, const QStringList &condiciones,
+                   const std::vector<Escritura> &escrituras, bool confirma,
+                   const QStringList &lecturas);
   void EjecutarUnaAUna(const Escritura &e);
   // A statement whose refusal is survived while the transaction stands: false then, so the
   // caller goes another way; a refusal that took the transaction with it is fatal.
   bool IntentarSinPerderTransaccion(const QString &sql);
-  // Whether the server runs blocks of statements: asked of it once.
   std::optional<bool> bloques_;
+  // The rows of the reads that came with a block, under their queries' texts.
+  QHash<QString, std::shared_ptr<const Registros::Leidas>> adelantadas_;
   Previsor previsor_;
   QHash<QString, std::shared_ptr<const Registros::Leidas>> previstas_;
   bool guardaCompiladas_ = false;

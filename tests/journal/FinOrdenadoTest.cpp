@@ -15,6 +15,9 @@ TEST_P(Generacion, AFatalEndUndoesTheEntryInWorkAndLeavesTheLogAtTheLastEntryWri
   // The second entry's folio is beyond a whole number: its record fails after its header
   // and lines were written.
   Ejecutar("UPDATE tblFolios SET FOL_FOLIOS='2147483646' WHERE COD_FOLIO='E'");
+  // Statement by statement: in batches the second entry fails before anything of it is
+  // sent, and there would be no entry in work to undo.
+  const SentenciasUnaAUna unaAUna;
   Gasto("G-1", d3(), "100");
   Gasto("G-2", d10(), "200");
   Corrida corrida;
