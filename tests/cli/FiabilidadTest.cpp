@@ -104,8 +104,9 @@ TEST_P(Fiabilidad, ARunKilledAtTwentyPointsAndRunAgainLeavesTheJournalOfAnUninte
   const QStringList referencia = Diario();
   ASSERT_GT(referencia.size(), 20);
   Vaciar();
+  // Twenty points apart: on a server that takes an entry in one block, fewer writes.
   const int escrituras = ContarEscrituras();
-  ASSERT_GT(escrituras, 100);
+  ASSERT_GT(escrituras, 40);
   for (int i = 0; i < 20; ++i) {
     Vaciar();
     const int punto = 1 + i * escrituras / 20;

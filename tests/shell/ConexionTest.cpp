@@ -463,6 +463,97 @@ TEST_P(Conexiones, ATransactionUndoneBehindTheConnectionsBackIsNoLongerAlive) {
   EXPECT_EQ(emp.Contar(QStringLiteral("tblFolios")), 0);
 }
 
+namespace {
+Conexion::Escritura Folio(const char *codigo, const char *folio) {
+  return Conexion::Escritura::Sola(
+      QStringLiteral("INSERT INTO tblFolios (COD_FOLIO,FOL_FOLIOS) VALUES ('%1','%2')")
+          .arg(QLatin1String(codigo), QLatin1String(folio)));
+}
+} // namespace
+
+TEST_P(Conexiones, AWholeTransactionGoesInOneBlockOnlyWhenItsConditionsHold) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  ConexionPtr otra = emp.Abrir();
+  const QString leer = QStringLiteral("SELECT FOL_FOLIOS FROM tblFolios WHERE COD_FOLIO='I';");
+  const QString vacia = QStringLiteral("NOT EXISTS (SELECT * FROM tblFolios)");
+  emp.grabadora.sentencias.clear();
+  const bool enviado = con->ConfirmarEnUnBloque({vacia}, {Folio("I", "1")}, {leer});
+  if (emp.Motor() != 4) {
+    // Only a server that runs blocks takes one: nothing was sent.
+    EXPECT_FALSE(enviado);
+    EXPECT_TRUE(emp.grabadora.sentencias.isEmpty());
+    EXPECT_EQ(emp.Contar(QStringLiteral("tblFolios")), 0);
+    return;
+  }
+  EXPECT_TRUE(enviado);
+  EXPECT_FALSE(con->EnTransaccion());
+  ASSERT_EQ(emp.grabadora.sentencias.size(), 1);
+  EXPECT_TRUE(emp.grabadora.sentencias[0].startsWith(
+      QStringLiteral("BEGIN NOT ATOMIC START TRANSACTION; IF NOT COALESCE((%1), FALSE) THEN ")
+          .arg(vacia)));
+  // The read came with the block, and is given once.
+  EXPECT_EQ(con->Abrir(leer).Campo(0).Texto(), QStringLiteral("1"));
+  EXPECT_EQ(emp.grabadora.sentencias.size(), 1);
+  EXPECT_EQ(con->Abrir(leer).Campo(0).Texto(), QStringLiteral("1"));
+  EXPECT_EQ(emp.grabadora.sentencias.mid(1), QStringList{leer});
+  // Confirmed: another connection sees it.
+  EXPECT_EQ(otra->Abrir(QStringLiteral("SELECT COUNT(*) AS N FROM tblFolios")).Campo(0).Entero(),
+            1);
+  // A read that came with a block is forgotten at the next write.
+  ASSERT_TRUE(con->ConfirmarEnUnBloque({}, {Folio("E", "1")}, {leer}));
+  con->Ejecutar(QStringLiteral("UPDATE tblFolios SET FOL_FOLIOS='2' WHERE COD_FOLIO='I'"));
+  EXPECT_EQ(con->Abrir(leer).Campo(0).Texto(), QStringLiteral("2"));
+  // A condition that fails, or a write refused, leaves nothing and no transaction open.
+  EXPECT_FALSE(con->ConfirmarEnUnBloque({vacia}, {Folio("D", "1")}, {}));
+  EXPECT_FALSE(con->EnTransaccion());
+  EXPECT_FALSE(con->ConfirmarEnUnBloque({},
+                                        {Folio("D", "1"), Conexion::Escritura::Sola(QStringLiteral(
+                                                              "INSERT INTO tblNoHay VALUES (1)"))},
+                                        {}));
+  EXPECT_FALSE(con->EnTransaccion());
+  EXPECT_EQ(emp.Contar(QStringLiteral("tblFolios")), 2);
+}
+
+TEST_P(Conexiones, ATransactionBegunInOneBlockEndsWithItsLastWritesInAnother) {
+  EmpresaPrueba emp(GetParam());
+  ConexionPtr con = emp.Abrir();
+  ConexionPtr otra = emp.Abrir();
+  const auto vistos = [&] {
+    return otra->Abrir(QStringLiteral("SELECT COUNT(*) AS N FROM tblFolios")).Campo(0).Entero();
+  };
+  const bool iniciada = con->IniciarEnUnBloque({}, {Folio("I", "1")});
+  EXPECT_EQ(iniciada, emp.Motor() == 4);
+  if (!iniciada)
+    con->IniciarTransaccion();
+  EXPECT_TRUE(con->EnTransaccion());
+  if (iniciada) {
+    EXPECT_EQ(vistos(), 0);
+  }
+  emp.grabadora.sentencias.clear();
+  con->ConfirmarConEscrituras({Folio("E", "2"), Folio("D", "3")}, {});
+  EXPECT_FALSE(con->EnTransaccion());
+  // One block where the server runs them; elsewhere each write, then the confirmation.
+  EXPECT_EQ(emp.grabadora.sentencias.size(), iniciada ? 1 : 2);
+  EXPECT_EQ(vistos(), iniciada ? 3 : 2);
+  // A write refused: the others of its block go too, and then one at a time the refused one
+  // ends the process, the transaction still open.
+  con->IniciarTransaccion();
+  con->Ejecutar(QStringLiteral("INSERT INTO tblFolios (COD_FOLIO,FOL_FOLIOS) VALUES ('O','4')"));
+  emp.grabadora.sentencias.clear();
+  const QString mala = QStringLiteral("INSERT INTO tblNoHay VALUES (1)");
+  try {
+    con->ConfirmarConEscrituras({Folio("S", "5"), Conexion::Escritura::Sola(mala)}, {});
+    ADD_FAILURE() << "the refused write went through";
+  } catch (const ErrorFatal &e) {
+    EXPECT_EQ(e.Sentencia(), mala);
+  }
+  EXPECT_TRUE(con->EnTransaccion());
+  EXPECT_EQ(emp.grabadora.sentencias.last(), mala);
+  con->DeshacerTransaccion();
+  EXPECT_EQ(vistos(), iniciada ? 3 : 2);
+}
+
 INSTANTIATE_TEST_SUITE_P(Motores, Conexiones, testing::ValuesIn(MotoresDePrueba()), NombreMotor);
 
 TEST(FechaSQL, EachEngineHasItsLiteral) {
