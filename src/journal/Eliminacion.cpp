@@ -36,10 +36,19 @@ int EliminarFolios(Conexion &con, const QStringList &folios,
                    const std::function<void(int, int)> &avance) {
   int hechos = 0;
   for (const QString &folio : folios) {
-    con.IniciarTransaccion();
-    con.Ejecutar(u"DELETE FROM tblPolizasEnc WHERE FOL_POLIZA='"_s + Escapar(folio) + u"';"_s);
-    con.Ejecutar(u"DELETE FROM tblPolizasRen WHERE FOL_POLIZA='"_s + Escapar(folio) + u"';"_s);
-    con.ConfirmarTransaccion();
+    const QString encabezado =
+        u"DELETE FROM tblPolizasEnc WHERE FOL_POLIZA='"_s + Escapar(folio) + u"';"_s;
+    const QString renglones =
+        u"DELETE FROM tblPolizasRen WHERE FOL_POLIZA='"_s + Escapar(folio) + u"';"_s;
+    // An entry goes whole, in one exchange where the server takes blocks.
+    if (!con.ConfirmarEnUnBloque(
+            {}, {Conexion::Escritura::Sola(encabezado), Conexion::Escritura::Sola(renglones)},
+            {})) {
+      con.IniciarTransaccion();
+      con.Ejecutar(encabezado);
+      con.Ejecutar(renglones);
+      con.ConfirmarTransaccion();
+    }
     ++hechos;
     if (avance)
       avance(hechos, static_cast<int>(folios.size()));

@@ -3,6 +3,7 @@
 #include "journal/DiarioPrueba.h"
 #include "journal/Polizas.h"
 
+#include <QRegularExpression>
 #include <gtest/gtest.h>
 
 namespace {
@@ -76,6 +77,7 @@ TEST(TextoAcotado, EachNarrowingInItsOrderTheTypesWithoutALeadingBlank) {
 }
 
 TEST_P(Eliminacion, WithoutNarrowingEveryEntryOfThePeriodGoesByItsFolio) {
+  const SentenciasUnaAUna unaAUna;
   emp->mensajes.respuestas = {RespuestaMensaje::Aceptar};
   EXPECT_EQ(EliminarPolizas(*con, Noviembre()), 3);
   EXPECT_EQ(Encabezados(), QStringList{QStringLiteral("E|00000000004")});
@@ -102,6 +104,28 @@ TEST_P(Eliminacion, WithoutNarrowingEveryEntryOfThePeriodGoesByItsFolio) {
   EXPECT_EQ(QStringList{emp->grabadora.sentencias.first()} + escrituras, esperadas);
   // The records of the documents, the folio counters: as they were.
   EXPECT_EQ(Intactas(), antesIntactas);
+}
+
+TEST_P(Eliminacion, OnMariaDbEachEntryGoesInOneExchange) {
+  emp->mensajes.respuestas = {RespuestaMensaje::Aceptar};
+  EXPECT_EQ(EliminarPolizas(*con, Noviembre()), 3);
+  const QStringList enviadas = emp->grabadora.sentencias;
+  EXPECT_EQ(Encabezados(), QStringList{QStringLiteral("E|00000000004")});
+  EXPECT_EQ(Renglones(), QStringList{QStringLiteral("E|00000000004")});
+  EXPECT_EQ(Intactas(), antesIntactas);
+  const QStringList bloques =
+      enviadas.filter(QRegularExpression(QStringLiteral("^BEGIN NOT ATOMIC START TRANSACTION;")));
+  if (emp->Motor() != 4) {
+    EXPECT_TRUE(bloques.isEmpty());
+    return;
+  }
+  ASSERT_EQ(bloques.size(), 3);
+  EXPECT_EQ(enviadas.size(), 4); // the select and the three blocks
+  for (const QString &b : bloques)
+    EXPECT_TRUE(b.contains(QStringLiteral(" DELETE FROM tblPolizasEnc WHERE FOL_POLIZA='")) &&
+                b.contains(QStringLiteral(" DELETE FROM tblPolizasRen WHERE FOL_POLIZA='")) &&
+                b.contains(QStringLiteral(" COMMIT;")))
+        << b.toStdString();
 }
 
 TEST_P(Eliminacion, AFolioUnderTwoTypesGoesFromBothEvenOutsideThePeriod) {
