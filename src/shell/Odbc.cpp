@@ -112,6 +112,7 @@ bool Cursor::SiguienteResultado(QString *error) {
   textos_.clear();
   largos_.clear();
   anchos_.clear();
+  enAscii_.clear();
   obtenidas_ = 0;
   fila_ = 0;
   enBloque_ = false;
@@ -127,17 +128,48 @@ bool Cursor::SiguienteResultado(QString *error) {
   return true;
 }
 
+namespace {
+
+// Columns whose text is digits, signs, points and separators only: they come as bytes,
+// which the driver copies as they are, where a text comes in UTF-16, which it converts.
+bool EnAscii(SQLSMALLINT tipo) {
+  switch (tipo) {
+  case SQL_TINYINT:
+  case SQL_SMALLINT:
+  case SQL_INTEGER:
+  case SQL_BIGINT:
+  case SQL_BIT:
+  case SQL_REAL:
+  case SQL_FLOAT:
+  case SQL_DOUBLE:
+  case SQL_DECIMAL:
+  case SQL_NUMERIC:
+  case SQL_TYPE_DATE:
+  case SQL_TYPE_TIME:
+  case SQL_TYPE_TIMESTAMP:
+    return true;
+  default:
+    return false;
+  }
+}
+
+} // namespace
+
 bool Cursor::Enlazar(const std::vector<unsigned long long> &tamanos) {
   // A column's text takes at most twice its size in UTF-16 units, with room for a sign, a
   // point and an exponent that a size in digits leaves out, and its end.
   constexpr unsigned long long kTamanoMaximo = 2000;
   constexpr std::size_t kBytesBloque = 256 * 1024;
   std::size_t bytesFila = 0;
-  for (unsigned long long tamano : tamanos) {
+  for (std::size_t i = 0; i < tamanos.size(); ++i) {
+    const unsigned long long tamano = tamanos[i];
     if (tamano == 0 || tamano > kTamanoMaximo)
       return false;
-    anchos_.push_back(std::max<std::size_t>(static_cast<std::size_t>(tamano) * 2 + 8, 40));
-    bytesFila += anchos_.back() * sizeof(char16_t) + sizeof(SQLLEN);
+    const std::size_t unidades =
+        std::max<std::size_t>(static_cast<std::size_t>(tamano) * 2 + 8, 40);
+    enAscii_.push_back(EnAscii(tipos_[i]));
+    anchos_.push_back(enAscii_.back() ? unidades : unidades * sizeof(char16_t));
+    bytesFila += anchos_.back() + sizeof(SQLLEN);
   }
   const std::size_t filas = std::clamp<std::size_t>(kBytesBloque / bytesFila, 1, 256);
   if (!SQL_SUCCEEDED(
@@ -152,9 +184,9 @@ bool Cursor::Enlazar(const std::vector<unsigned long long> &tamanos) {
   for (std::size_t i = 0; i < tamanos.size(); ++i) {
     textos_[i].resize(anchos_[i] * filas);
     largos_[i].resize(filas);
-    if (!SQL_SUCCEEDED(SQLBindCol(h_, static_cast<SQLUSMALLINT>(i + 1), SQL_C_WCHAR,
-                                  textos_[i].data(),
-                                  static_cast<SQLLEN>(anchos_[i] * sizeof(char16_t)),
+    if (!SQL_SUCCEEDED(SQLBindCol(h_, static_cast<SQLUSMALLINT>(i + 1),
+                                  enAscii_[i] ? SQL_C_CHAR : SQL_C_WCHAR, textos_[i].data(),
+                                  static_cast<SQLLEN>(anchos_[i]),
                                   reinterpret_cast<SQLLEN *>(largos_[i].data()))))
       throw ErrorFatal(
           QStringLiteral("Error al preparar la lectura del campo %1: %2")
@@ -191,11 +223,14 @@ QVariant Cursor::Valor(int columna) {
     if (largo == SQL_NULL_DATA)
       return QVariant();
     // A text that didn't fit its buffer would come cut: that is no value to go on with.
-    if (largo == SQL_NO_TOTAL || static_cast<std::size_t>(largo) >= anchos_[c] * sizeof(char16_t))
+    if (largo == SQL_NO_TOTAL || static_cast<std::size_t>(largo) >= anchos_[c])
       throw ErrorFatal(
           QStringLiteral("El valor del campo %1 no cupo al leerlo.").arg(nombres_.value(columna)),
           sql_);
-    return ConTipo(columna, QString::fromUtf16(textos_[c].data() + fila_ * anchos_[c],
+    const char *datos = textos_[c].data() + fila_ * anchos_[c];
+    if (enAscii_[c])
+      return ConTipo(columna, QString::fromLatin1(datos, static_cast<qsizetype>(largo)));
+    return ConTipo(columna, QString::fromUtf16(reinterpret_cast<const char16_t *>(datos),
                                                static_cast<qsizetype>(largo / sizeof(char16_t))));
   }
   // Read as text in pieces of any length, then given the type of the column.

@@ -51,11 +51,13 @@ private:
   QString sql_;
   QStringList nombres_;
   std::vector<short> tipos_;
-  // The bound block: each column's texts (anchos_ UTF-16 units a row, terminated) and
-  // lengths, the rows the last fetch brought and the one in hand.
-  std::vector<std::vector<char16_t>> textos_;
+  // The bound block: each column's texts (anchos_ bytes a row, terminated: in ASCII for a
+  // number or a date, in UTF-16 otherwise) and lengths, the rows the last fetch brought and
+  // the one in hand.
+  std::vector<std::vector<char>> textos_;
   std::vector<std::vector<long long>> largos_;
   std::vector<std::size_t> anchos_;
+  std::vector<bool> enAscii_;
   unsigned long long obtenidas_ = 0;
   std::size_t fila_ = 0;
   bool enBloque_ = false;

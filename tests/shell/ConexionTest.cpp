@@ -415,19 +415,23 @@ TEST_P(Conexiones, RowsOfShortColumnsAndOfALongOneComeBackWhole) {
   EmpresaPrueba emp(GetParam());
   ConexionPtr con = emp.Abrir();
   const Dialecto &d = con->Dialecto();
-  // Short columns come a block of rows at a time; with a memo among them, a row at a time.
-  con->Ejecutar(QStringLiteral("CREATE TABLE tblPrueba (N %1, T %2, M %3, I %4)")
+  // Short columns come a block of rows at a time, numbers and dates in ASCII and texts in
+  // UTF-16; with a memo among them, a row at a time.
+  con->Ejecutar(QStringLiteral("CREATE TABLE tblPrueba (N %1, T %2, M %3, I %4, F %5)")
                     .arg(d.TipoColumna(TipoDato::Entero, 0), d.TipoColumna(TipoDato::Texto, 20),
-                         d.TipoColumna(TipoDato::Memo, 0), d.TipoColumna(TipoDato::Dinero, 0)));
+                         d.TipoColumna(TipoDato::Memo, 0), d.TipoColumna(TipoDato::Dinero, 0),
+                         d.TipoColumna(TipoDato::Fecha, 0)));
+  const QDate dia(2026, 1, 1);
   const QString largo = QString(3000, QLatin1Char('x')) + QStringLiteral("ñ");
   con->IniciarTransaccion();
   for (int n = 0; n < 700; ++n)
-    con->Ejecutar(QStringLiteral("INSERT INTO tblPrueba (N,T,M,I) VALUES (%1,'%2','%3',%4)")
+    con->Ejecutar(QStringLiteral("INSERT INTO tblPrueba (N,T,M,I,F) VALUES (%1,'%2','%3',%4,%5)")
                       .arg(n)
                       .arg(n % 7 == 0 ? QStringLiteral("año ñandú áéíóú ü") : QString::number(n),
-                           n == 350 ? largo : QStringLiteral("m"), QStringLiteral("%1.25").arg(n)));
+                           n == 350 ? largo : QStringLiteral("m"), QStringLiteral("-%1.25").arg(n),
+                           d.FechaSQL(dia.addDays(n))));
   con->ConfirmarTransaccion();
-  for (const char *columnas : {"N,T,I", "N,T,I,M"}) {
+  for (const char *columnas : {"N,T,I,F", "N,T,I,F,M"}) {
     Registros r = con->Abrir(
         QStringLiteral("SELECT %1 FROM tblPrueba ORDER BY N").arg(QLatin1String(columnas)));
     int n = 0;
@@ -435,9 +439,10 @@ TEST_P(Conexiones, RowsOfShortColumnsAndOfALongOneComeBackWhole) {
       ASSERT_EQ(r.Campo(0).Entero(), n);
       EXPECT_EQ(r.Campo(1).Texto(),
                 n % 7 == 0 ? QStringLiteral("año ñandú áéíóú ü") : QString::number(n));
-      EXPECT_EQ(r.Campo(2).ComoDinero(), Dinero::DeTexto(QStringLiteral("%1.25").arg(n)));
-      if (r.Campos().size() == 4) {
-        EXPECT_EQ(r.Campo(3).Texto(), n == 350 ? largo : QStringLiteral("m"));
+      EXPECT_EQ(r.Campo(2).ComoDinero(), Dinero::DeTexto(QStringLiteral("-%1.25").arg(n)));
+      EXPECT_EQ(r.Campo(3).Fecha(), dia.addDays(n));
+      if (r.Campos().size() == 5) {
+        EXPECT_EQ(r.Campo(4).Texto(), n == 350 ? largo : QStringLiteral("m"));
       }
     }
     EXPECT_EQ(n, 700);
