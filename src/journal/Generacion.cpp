@@ -504,8 +504,10 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
   const QString contadorIdentico =
       contador == contadores_.constEnd() || doc.ESTA_CONTAB || !con.EnBloques()
           ? QString()
-          : con.Dialecto().TextoIdentico(u"FOL_FOLIOS"_s,
-                                         {*contador, QString::number(contador->toLongLong())});
+          : con.Dialecto().TextoIdentico(
+                u"FOL_FOLIOS"_s,
+                {u"'"_s % Escapar(*contador) % u"'"_s,
+                 u"'"_s % Escapar(QString::number(contador->toLongLong())) % u"'"_s});
   if (!contadorIdentico.isEmpty()) {
     // The run wrote the counter last: the folio that follows is known before it is read.
     // The entry goes in one exchange when the counter still holds it (as text, or as the
@@ -516,8 +518,8 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
     p.FOL_POLIZA = folio;
     p.CONCEP_POL = regla.DesConcepto.trimmed();
     p.ESTATUS = 1;
-    const QString tipo = Escapar(regla.TipPoliza);
-    const QString deTipo = u"SELECT * FROM tblFolios WHERE COD_FOLIO='"_s % tipo % u"'"_s;
+    const QString deTipo =
+        u"SELECT * FROM tblFolios WHERE COD_FOLIO='"_s % Escapar(regla.TipPoliza) % u"'"_s;
     const QStringList condiciones = {u"EXISTS ("_s % deTipo % u")"_s,
                                      u"NOT EXISTS ("_s % deTipo %
                                          u" AND (FOL_FOLIOS IS NULL OR NOT "_s % contadorIdentico %

@@ -1,7 +1,6 @@
 #include "shell/Dialecto.h"
 
 #include "shell/ErrorFatal.h"
-#include "shell/ServicioUtil.h"
 
 namespace {
 
@@ -165,12 +164,9 @@ QString Dialecto::TransaccionEnCurso() const {
   }
 }
 
-QString Dialecto::TextoIdentico(const QString &expresion, const QStringList &textos) const {
+QString Dialecto::TextoIdentico(const QString &expresion, const QStringList &literales) const {
   if (motor_ != kMySql)
     return {};
-  QStringList literales;
-  for (const QString &t : textos)
-    literales << QLatin1Char('\'') + Escapar(t) + QLatin1Char('\'');
   return QStringLiteral("BINARY CAST(%1 AS CHAR) IN (%2)")
       .arg(expresion, literales.join(QLatin1Char(',')));
 }

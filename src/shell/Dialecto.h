@@ -54,10 +54,10 @@ public:
   // transaction, not the statement alone. Empty for the embedded engine, which is asked
   // by beginning one.
   QString TransaccionEnCurso() const;
-  // The truth that a value, as text, is byte for byte one of the texts (no padding, case
-  // or collation): on MySQL and MariaDB, the engines whose journal entry goes in one
-  // block; empty on the others.
-  QString TextoIdentico(const QString &expresion, const QStringList &textos) const;
+  // The truth that a value, as text, is byte for byte one of the literals (quoted texts),
+  // with no padding, case or collation: on MySQL and MariaDB, the engines whose journal
+  // entry goes in one block; empty on the others.
+  QString TextoIdentico(const QString &expresion, const QStringList &literales) const;
   // The server's lock named after the company database for a kind of work: the statement
   // that asks for it (columns TOMADO, 1 when taken, and NOMBRE) and the one that gives it
   // back. Not for the embedded engine, whose lock is a file beside the database.
