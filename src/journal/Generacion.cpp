@@ -502,7 +502,8 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
   const bool porDocumento = regla.Frec == frec::kPorDocumento;
   const auto contador = contadores_.constFind(regla.TipPoliza);
   const QString contadorIdentico =
-      contador == contadores_.constEnd() || doc.ESTA_CONTAB || !con.EnBloques()
+      contador == contadores_.constEnd() || doc.ESTA_CONTAB || con.EnTransaccion() ||
+              contador->toLongLong() >= std::numeric_limits<int>::max() || !con.EnBloques()
           ? QString()
           : con.Dialecto().TextoIdentico(
                 u"FOL_FOLIOS"_s,
@@ -512,7 +513,9 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
     // The run wrote the counter last: the folio that follows is known before it is read.
     // The entry goes in one exchange when the counter still holds it (as text, or as the
     // number a folio is read as) and the folio is free; otherwise it goes the long way,
-    // reading the counter. By day the transaction stays open for the day's documents.
+    // reading the counter. By day the transaction stays open for the day's documents. A
+    // folio beyond a whole number goes the long way too: its records end the run, but
+    // only once the counter is read.
     const QString folio = FormatoFolio(contador->toLongLong() + 1);
     p.FEC_ANTERIOR = fecha.date();
     p.FOL_POLIZA = folio;

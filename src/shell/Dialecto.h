@@ -55,8 +55,8 @@ public:
   // by beginning one.
   QString TransaccionEnCurso() const;
   // The truth that a value, as text, is byte for byte one of the literals (quoted texts),
-  // with no padding, case or collation: on MySQL and MariaDB, the engines whose journal
-  // entry goes in one block; empty on the others.
+  // with no padding, case or collation: on MySQL and MariaDB, the engines of the servers
+  // that run a journal entry in one block (MariaDB's); empty on the others.
   QString TextoIdentico(const QString &expresion, const QStringList &literales) const;
   // The server's lock named after the company database for a kind of work: the statement
   // that asks for it (columns TOMADO, 1 when taken, and NOMBRE) and the one that gives it

@@ -156,8 +156,9 @@ bool EnAscii(SQLSMALLINT tipo) {
 } // namespace
 
 bool Cursor::Enlazar(const std::vector<unsigned long long> &tamanos) {
-  // A column's text takes at most twice its size in UTF-16 units, with room for a sign, a
-  // point and an exponent that a size in digits leaves out, and its end.
+  // A column's text takes at most twice its size in characters (UTF-16 units, or bytes for
+  // a number or a date), with room for a sign, a point and an exponent that a size in
+  // digits leaves out, and its end.
   constexpr unsigned long long kTamanoMaximo = 2000;
   constexpr std::size_t kBytesBloque = 256 * 1024;
   std::size_t bytesFila = 0;

@@ -372,6 +372,7 @@ void Conexion::InstalarGrabadora(Grabadora *g) { gGrabadora = g; }
 bool Conexion::EnLote() { return qEnvironmentVariableIntValue(kVariableUnaAUna) != 1; }
 
 void Conexion::CerrarAlTerminar(Fase fase) noexcept {
+  adelantadas_.clear();
   try {
     if (fase == Fase::Transacciones) {
       ensayo_ = false; // a rehearsal ends undone as well
@@ -574,15 +575,15 @@ std::optional<QString> Conexion::Sentencias(const std::vector<Escritura> &escrit
   return texto;
 }
 
-bool Conexion::EnviarTramo(bool inicia, const QStringList &condiciones,
-                           const std::vector<Escritura> &escrituras, bool confirma,
-                           const QStringList &lecturas) {
+Conexion::Tramo Conexion::EnviarTramo(bool inicia, const QStringList &condiciones,
+                                      const std::vector<Escritura> &escrituras, bool confirma,
+                                      const QStringList &lecturas) {
   // A rehearsal confirms nothing: its transaction is undone whole at its end.
   if (inicia == enTransaccion_ || (confirma && ensayo_) || !EnBloques())
-    return false;
+    return Tramo::NoEnviado;
   const std::optional<QString> sentencias = Sentencias(escrituras);
   if (!sentencias)
-    return false;
+    return Tramo::NoEnviado;
   QString bloque = QStringLiteral("BEGIN NOT ATOMIC");
   if (inicia) {
     // A failure anywhere leaves the transaction to be undone whole.
@@ -623,11 +624,11 @@ bool Conexion::EnviarTramo(bool inicia, const QStringList &condiciones,
     if (inicia) {
       enTransaccion_ = true;
       DeshacerTransaccion();
-      return false;
+      return Tramo::Fallido;
     }
     if (!TransaccionViva())
       throw FallaDeSentencia(bloque, error);
-    return false;
+    return Tramo::Fallido;
   }
   enTransaccion_ = !confirma;
   // Each read's rows wait for a query of its text; one that failed is asked alone.
@@ -648,25 +649,34 @@ bool Conexion::EnviarTramo(bool inicia, const QStringList &condiciones,
   } catch (const ErrorFatal &) {
     // The rows of that read are asked again alone.
   }
-  return true;
+  return Tramo::Hecho;
 }
 
 bool Conexion::ConfirmarEnUnBloque(const QStringList &condiciones,
                                    const std::vector<Escritura> &escrituras,
                                    const QStringList &lecturas) {
-  return EnviarTramo(true, condiciones, escrituras, true, lecturas);
+  return EnviarTramo(true, condiciones, escrituras, true, lecturas) == Tramo::Hecho;
 }
 
 bool Conexion::IniciarEnUnBloque(const QStringList &condiciones,
                                  const std::vector<Escritura> &escrituras) {
-  return EnviarTramo(true, condiciones, escrituras, false, {});
+  return EnviarTramo(true, condiciones, escrituras, false, {}) == Tramo::Hecho;
 }
 
 void Conexion::ConfirmarConEscrituras(const std::vector<Escritura> &escrituras,
                                       const QStringList &lecturas) {
-  if (EnviarTramo(false, {}, escrituras, true, lecturas))
+  switch (EnviarTramo(false, {}, escrituras, true, lecturas)) {
+  case Tramo::Hecho:
     return;
-  EjecutarEscrituras(escrituras);
+  case Tramo::Fallido:
+    // Refused as a block: each write by itself, and the one refused fails as it always did.
+    for (const Escritura &e : escrituras)
+      EjecutarUnaAUna(e);
+    break;
+  case Tramo::NoEnviado:
+    EjecutarEscrituras(escrituras);
+    break;
+  }
   ConfirmarTransaccion();
 }
 
@@ -680,7 +690,7 @@ bool Conexion::IntentarSinPerderTransaccion(const QString &sql) {
 }
 
 void Conexion::EjecutarEscrituras(const std::vector<Escritura> &escrituras) {
-  if (escrituras.size() > 1 && EnviarTramo(false, {}, escrituras, false, {}))
+  if (escrituras.size() > 1 && EnviarTramo(false, {}, escrituras, false, {}) == Tramo::Hecho)
     return;
   for (const Escritura &e : escrituras)
     EjecutarUnaAUna(e);
@@ -796,8 +806,11 @@ std::unique_ptr<Registros> Conexion::IntentarAbrir(const QString &sql, QString *
       return std::make_unique<Registros>(*hallada, sql);
   }
   if (!adelantadas_.isEmpty()) {
+    // They answer the reads that follow their block; any other read forgets those left.
     const auto adelantada = adelantadas_.constFind(sql);
-    if (adelantada != adelantadas_.constEnd()) {
+    if (adelantada == adelantadas_.constEnd()) {
+      adelantadas_.clear();
+    } else {
       auto r = std::make_unique<Registros>(*adelantada, sql);
       adelantadas_.erase(adelantada);
       return r;

@@ -184,8 +184,8 @@ public:
   // A transaction, or its beginning or its end, in one exchange, on a server that runs
   // blocks (MariaDB) and in batches; false when nothing was sent. Reads sent with a
   // confirmation are read after it: their rows wait for a query of the same text, each
-  // given once, until the next write or transaction, and a read that failed in the block
-  // is asked alone when it comes.
+  // given once, until the next write, transaction or other read, and a read that failed in
+  // the block is asked alone when it comes.
   // The whole transaction, with no transaction open: it begins, the writes go when every
   // condition (an SQL truth) holds, and it is confirmed. True when it was; false when a
   // condition failed or the server refused anything, and then nothing of it stands, no
@@ -298,13 +298,13 @@ private:
   static std::optional<QString> Sentencias(const std::vector<Escritura> &escrituras);
   // One block on a server that runs them: the transaction begun (`inicia`, with none open;
   // it goes on only when the conditions hold) or the one in course carried on, the writes,
-  // the confirmation (`confirma`), then the reads. False when nothing was sent, or when it
-  // failed: begun by it, the transaction is undone; carried on, the block's writes are
-  // undone and the transaction stands, or the failure is fatal when it took the
-  // transaction with it.
-  bool EnviarTramo(bool inicia, const QStringList &condiciones,
-                   const std::vector<Escritura> &escrituras, bool confirma,
-                   const QStringList &lecturas);
+  // the confirmation (`confirma`), then the reads. When it fails: begun by it, the
+  // transaction is undone; carried on, the block's writes are undone and the transaction
+  // stands, or the failure is fatal when it took the transaction with it.
+  enum class Tramo { NoEnviado, Fallido, Hecho };
+  Tramo EnviarTramo(bool inicia, const QStringList &condiciones,
+                    const std::vector<Escritura> &escrituras, bool confirma,
+                    const QStringList &lecturas);
   void EjecutarUnaAUna(const Escritura &e);
   // A statement whose refusal is survived while the transaction stands: false then, so the
   // caller goes another way; a refusal that took the transaction with it is fatal.

@@ -13,11 +13,8 @@ struct Salida {
 // (its connection with the entry in work) outlives the handler that failed.
 TEST_P(Generacion, AFatalEndUndoesTheEntryInWorkAndLeavesTheLogAtTheLastEntryWritten) {
   // The second entry's folio is beyond a whole number: its record fails after its header
-  // and lines were written.
+  // was written.
   Ejecutar("UPDATE tblFolios SET FOL_FOLIOS='2147483646' WHERE COD_FOLIO='E'");
-  // Statement by statement: in batches the second entry fails before anything of it is
-  // sent, and there would be no entry in work to undo.
-  const SentenciasUnaAUna unaAUna;
   Gasto("G-1", d3(), "100");
   Gasto("G-2", d10(), "200");
   Corrida corrida;

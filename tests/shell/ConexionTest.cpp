@@ -520,6 +520,43 @@ TEST_P(Conexiones, AWholeTransactionGoesInOneBlockOnlyWhenItsConditionsHold) {
   EXPECT_EQ(emp.Contar(QStringLiteral("tblFolios")), 2);
 }
 
+TEST_P(Conexiones, ReadsThatComeWithABlockAreReadWholeAndOneThatFailsIsAskedAlone) {
+  EmpresaPrueba emp(GetParam());
+  if (emp.Motor() != 4)
+    GTEST_SKIP() << "only MariaDB runs blocks of statements";
+  ConexionPtr con = emp.Abrir();
+  const Dialecto &d = con->Dialecto();
+  con->Ejecutar(QStringLiteral("CREATE TABLE tblNotas (N %1, M %2)")
+                    .arg(d.TipoColumna(TipoDato::Entero, 0), d.TipoColumna(TipoDato::Memo, 0)));
+  const QString largo = QString(3000, QLatin1Char('x')) + QStringLiteral("ñ");
+  // A memo, read a row at a time, then short columns read in blocks; then a read that fails
+  // and one after it.
+  const QString notas = QStringLiteral("SELECT M, N FROM tblNotas;");
+  const QString folios = QStringLiteral("SELECT COD_FOLIO, FOL_FOLIOS FROM tblFolios;");
+  const QString mala = QStringLiteral("SELECT NO_HAY FROM tblFolios;");
+  const QString despues = QStringLiteral("SELECT COUNT(*) AS N FROM tblFolios;");
+  ASSERT_TRUE(con->ConfirmarEnUnBloque(
+      {},
+      {Conexion::Escritura::Sola(
+           QStringLiteral("INSERT INTO tblNotas (N,M) VALUES (1,'%1')").arg(largo)),
+       Folio("I", "7")},
+      {notas, folios, mala, despues}));
+  emp.grabadora.sentencias.clear();
+  {
+    Registros r = con->Abrir(notas);
+    EXPECT_EQ(r.Campo(QStringLiteral("M")).Texto(), largo);
+    EXPECT_EQ(r.Campo(QStringLiteral("N")).Entero(), 1);
+    Registros f = con->Abrir(folios);
+    EXPECT_EQ(f.Campo(QStringLiteral("COD_FOLIO")).Texto(), QStringLiteral("I"));
+    EXPECT_EQ(f.Campo(QStringLiteral("FOL_FOLIOS")).Texto(), QStringLiteral("7"));
+  }
+  EXPECT_TRUE(emp.grabadora.sentencias.isEmpty());
+  EXPECT_THROW(con->Abrir(mala), ErrorFatal);
+  EXPECT_EQ(con->Abrir(despues).Campo(0).Entero(), 1);
+  EXPECT_EQ(emp.grabadora.sentencias, (QStringList{mala, despues}));
+  con->Ejecutar(QStringLiteral("DROP TABLE tblNotas"));
+}
+
 TEST_P(Conexiones, ATransactionBegunInOneBlockEndsWithItsLastWritesInAnother) {
   EmpresaPrueba emp(GetParam());
   ConexionPtr con = emp.Abrir();
@@ -554,6 +591,8 @@ TEST_P(Conexiones, ATransactionBegunInOneBlockEndsWithItsLastWritesInAnother) {
     EXPECT_EQ(e.Sentencia(), mala);
   }
   EXPECT_TRUE(con->EnTransaccion());
+  // The block refused is not sent again: its writes go one at a time at once.
+  EXPECT_EQ(emp.grabadora.sentencias.size(), iniciada ? 3 : 2);
   EXPECT_EQ(emp.grabadora.sentencias.last(), mala);
   con->DeshacerTransaccion();
   EXPECT_EQ(vistos(), iniciada ? 3 : 2);
