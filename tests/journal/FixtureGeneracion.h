@@ -153,6 +153,17 @@ protected:
     }
   }
 
+  // Three rent documents, on the 3rd and twice on the 10th, posted by the run: the folios
+  // of the entries of rent, in order.
+  QStringList TresRentas() {
+    Gasto("G-1", d3(), "100");
+    Gasto("G-2", d10(), "200");
+    Gasto("G-3", d10(), "300");
+    Correr();
+    return Filas(QStringLiteral(
+        "SELECT FOL_POLIZA FROM tblPolizasEnc WHERE COD_OPER=22 ORDER BY FOL_POLIZA"));
+  }
+
   // Rows of a query, each as its columns joined by "|".
   QStringList Filas(const QString &sql) {
     QStringList filas;

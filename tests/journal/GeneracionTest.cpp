@@ -178,12 +178,7 @@ int Intentos(const QStringList &s) {
 } // namespace
 
 TEST_P(Generacion, AnEntryWhoseFolioTheRunForetellsGoesInOneExchangeWithTheReadsOfItsLog) {
-  Gasto("G-1", d3(), "100");
-  Gasto("G-2", d10(), "200");
-  Gasto("G-3", d10(), "300");
-  Correr();
-  EXPECT_EQ(Filas("SELECT FOL_POLIZA FROM tblPolizasEnc ORDER BY FOL_POLIZA"),
-            L({"00000000001", "00000000002", "00000000003"}));
+  EXPECT_EQ(TresRentas(), L({"00000000001", "00000000002", "00000000003"}));
   const QStringList &s = emp->grabadora.sentencias;
   if (emp->Motor() != 4) {
     EXPECT_EQ(Iniciados(s), 0);
@@ -213,12 +208,7 @@ TEST_P(Generacion, ACounterKeptAsANumberIsForetoldToo) {
     Conexion &c;
     ~Tirar() { c.IntentarEjecutar(QStringLiteral("DROP TABLE tblFolios")); }
   } tirar{*con};
-  Gasto("G-1", d3(), "100");
-  Gasto("G-2", d10(), "200");
-  Gasto("G-3", d10(), "300");
-  Correr();
-  EXPECT_EQ(Filas("SELECT FOL_POLIZA FROM tblPolizasEnc ORDER BY FOL_POLIZA"),
-            L({"00000000001", "00000000002", "00000000003"}));
+  EXPECT_EQ(TresRentas(), L({"00000000001", "00000000002", "00000000003"}));
   EXPECT_EQ(Filas(kFolioE), L({"3"}));
   EXPECT_EQ(Iniciados(emp->grabadora.sentencias), 2);
 }
@@ -232,13 +222,8 @@ TEST_P(Generacion, ACounterMovedByAnotherWriterSendsTheEntryTheLongWay) {
   else
     Ejecutar("CREATE TRIGGER trgContador AFTER INSERT ON tblMovimxPoliza FOR EACH ROW UPDATE "
              "tblFolios SET FOL_FOLIOS=LPAD(FOL_FOLIOS+10, 11, '0') WHERE COD_FOLIO='E'");
-  Gasto("G-1", d3(), "100");
-  Gasto("G-2", d10(), "200");
-  Gasto("G-3", d10(), "300");
-  Correr();
+  EXPECT_EQ(TresRentas(), L({"00000000001", "00000000012", "00000000023"}));
   Ejecutar("DROP TRIGGER trgContador");
-  EXPECT_EQ(Filas("SELECT FOL_POLIZA FROM tblPolizasEnc ORDER BY FOL_POLIZA"),
-            L({"00000000001", "00000000012", "00000000023"}));
   EXPECT_EQ(Filas(kFolioE), L({"00000000033"}));
   const QStringList &s = emp->grabadora.sentencias;
   EXPECT_EQ(s.count(QStringLiteral("SELECT * FROM tblFolios WHERE COD_FOLIO='E';")), 3);
@@ -248,13 +233,8 @@ TEST_P(Generacion, ACounterMovedByAnotherWriterSendsTheEntryTheLongWay) {
 
 TEST_P(Generacion, AFolioTakenAheadSendsTheEntryTheLongWay) {
   Ocupar(*con, 2, 2);
-  Gasto("G-1", d3(), "100");
-  Gasto("G-2", d10(), "200");
-  Gasto("G-3", d10(), "300");
-  Correr();
   // The second entry finds its folio taken: it waits for it, then moves the counter on.
-  EXPECT_EQ(Filas("SELECT FOL_POLIZA FROM tblPolizasEnc WHERE COD_OPER=22 ORDER BY FOL_POLIZA"),
-            L({"00000000001", "00000000003", "00000000004"}));
+  EXPECT_EQ(TresRentas(), L({"00000000001", "00000000003", "00000000004"}));
   EXPECT_EQ(Filas(kFolioE), L({"00000000004"}));
   // A check for the first entry, 42 for the second, and one for the third unless it is
   // asked inside its block.
