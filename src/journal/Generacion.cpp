@@ -531,10 +531,7 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
     std::vector<Conexion::Escritura> pasos;
     pasos.push_back(Conexion::Escritura::Sola(SentenciaInsertarPoliza(p, con.Dialecto())));
     pasos.push_back(Conexion::Escritura::Sola(guardarFolio(folio)));
-    GrabarRenglones(folio, pasos);
-    GrabarBitacora(folio, fecha, pasos);
-    if (porDocumento)
-      GrabarMovimiento(folio, fecha, pasos);
+    GrabarResto(folio, fecha, pasos);
     const bool grabada =
         porDocumento
             ? con.ConfirmarEnUnBloque(condiciones, pasos, Bitacora::LecturasDePoliza(folio, regla))
@@ -613,10 +610,7 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
   }
   ++polizas_;
   escritas_.emplace_back(regla.TipPoliza, folio);
-  GrabarRenglones(folio, pasos);
-  GrabarBitacora(folio, fecha, pasos);
-  if (porDocumento)
-    GrabarMovimiento(folio, fecha, pasos);
+  GrabarResto(folio, fecha, pasos);
   con.EjecutarEscrituras(pasos);
   if (!doc.ESTA_CONTAB)
     contadores_.insert(regla.TipPoliza, folio);
@@ -625,6 +619,14 @@ QString Generador::GrabarPoliza(QDateTime &fecha) {
     bitacora_.EscribirPoliza(con, folio, regla);
   }
   return folio;
+}
+
+void Generador::GrabarResto(const QString &folio, const QDateTime &fecha,
+                            std::vector<Conexion::Escritura> &pasos) {
+  GrabarRenglones(folio, pasos);
+  GrabarBitacora(folio, fecha, pasos);
+  if (c_.Concepto().Frec == frec::kPorDocumento)
+    GrabarMovimiento(folio, fecha, pasos);
 }
 
 void Generador::GrabarRenglones(const QString &folio, std::vector<Conexion::Escritura> &pasos) {

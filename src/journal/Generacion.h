@@ -74,8 +74,11 @@ public:
   // Header, then lines, log row and, by document, record and log of the entry. The
   // date may change to the defined date. Returns the folio, empty on failure.
   QString GrabarPoliza(QDateTime &fecha);
-  // The writes of the entry's lines, its log row, and a document's record and stamp, added
-  // to the entry's step in their order.
+  // The entry's writes after its header and counter, added to its step in their order: its
+  // lines, its log row and, by document, the document's record and stamp.
+  void GrabarResto(const QString &folio, const QDateTime &fecha,
+                   std::vector<Conexion::Escritura> &pasos);
+  // Each of those writes.
   void GrabarRenglones(const QString &folio, std::vector<Conexion::Escritura> &pasos);
   void GrabarBitacora(const QString &folio, const QDateTime &fecha,
                       std::vector<Conexion::Escritura> &pasos);
